@@ -1,0 +1,63 @@
+#include "core/NumberFormat.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+
+namespace paginox {
+
+std::string FormatZero(long long v) { return std::to_string(v); }
+
+namespace {
+
+// Adds one to a string of decimal digits ("099" -> "100", "99" -> "100").
+std::string IncrementDigits(std::string digits) {
+    for (size_t i = digits.size(); i-- > 0;) {
+        if (digits[i] != '9') {
+            ++digits[i];
+            return digits;
+        }
+        digits[i] = '0';
+    }
+    return "1" + digits;
+}
+
+}  // namespace
+
+std::string FormatHashDotHash(float v, char separator) {
+    double d = v;
+    if (!std::isfinite(d)) return std::isnan(d) ? "NaN" : (d < 0 ? "-Infinity" : "Infinity");
+
+    // Seven significant digits and the decimal exponent of the first one.
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%.6e", std::fabs(d));
+    std::string digits = std::string(1, buf[0]) + std::string(buf + 2, 6);
+    int pointPos = std::atoi(buf + 9) + 1;  // digits before the decimal point
+
+    // Whole hundredths, rounded half away from zero on the 7-digit text.
+    std::string shifted;  // the value times 100, as digits, plus the digit after
+    int keep = pointPos + 2;
+    if (keep <= 0) {
+        shifted = "0";
+    } else {
+        shifted = digits.substr(0, std::min<size_t>(keep, digits.size()));
+        if (keep > int(digits.size())) shifted.append(keep - digits.size(), '0');
+    }
+    char next = (keep >= 0 && keep < int(digits.size())) ? digits[keep] : '0';
+    if (next >= '5') shifted = IncrementDigits(shifted);
+    if (shifted.size() < 3) shifted.insert(0, 3 - shifted.size(), '0');
+
+    std::string whole = shifted.substr(0, shifted.size() - 2);
+    std::string frac = shifted.substr(shifted.size() - 2);
+    whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
+    frac.erase(frac.find_last_not_of('0') + 1);
+    return (d < 0 ? "-" : "") + whole + separator + frac;
+}
+
+std::string ShortestDecimal(float v) {
+    char buf[64];
+    auto res = std::to_chars(buf, buf + sizeof buf, v);
+    return std::string(buf, res.ptr);
+}
+
+}  // namespace paginox

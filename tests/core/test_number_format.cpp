@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cstdint>
+#include <fstream>
+#include <sstream>
+
+#include "core/NumberFormat.h"
+
+using namespace paginox;
+
+namespace {
+// Rows of "bits<TAB>value<TAB>result" after a header line; empty when the file is absent.
+std::vector<std::vector<std::string>> ReadOracle(const std::string& name) {
+    std::ifstream in(std::string(PAGINOX_ORACLE_DIR) + "/" + name);
+    std::vector<std::vector<std::string>> rows;
+    std::string line;
+    std::getline(in, line);
+    while (std::getline(in, line)) {
+        std::vector<std::string> cols;
+        std::stringstream ss(line);
+        std::string col;
+        while (std::getline(ss, col, '\t')) cols.push_back(col);
+        if (cols.size() == 2) cols.push_back("");
+        rows.push_back(cols);
+    }
+    return rows;
+}
+}  // namespace
+
+TEST(NumberFormat, HashDotHashFollowsTheClassicRules) {
+    EXPECT_EQ(FormatHashDotHash(0.5f), ".5");
+    EXPECT_EQ(FormatHashDotHash(1.0f), "1.");
+    EXPECT_EQ(FormatHashDotHash(0.0f), ".");
+    EXPECT_EQ(FormatHashDotHash(-0.0f), ".");
+    EXPECT_EQ(FormatHashDotHash(12.345f), "12.35");
+    EXPECT_EQ(FormatHashDotHash(2.675f), "2.68");  // 7-digit text is 2.675
+    EXPECT_EQ(FormatHashDotHash(-0.001f), "-.");
+    EXPECT_EQ(FormatHashDotHash(16777216.0f), "16777220.");
+    EXPECT_EQ(FormatHashDotHash(99.995f), "100.");
+    EXPECT_EQ(FormatHashDotHash(1.5f, ','), "1,5");
+}
+
+TEST(NumberFormat, HashDotHashMatchesEveryGoldenVector) {
+    auto rows = ReadOracle("format_hashdothash.tsv");
+    if (rows.empty()) GTEST_SKIP() << "golden vectors not present";
+    for (const auto& r : rows) {
+        float v = std::bit_cast<float>(uint32_t(std::stoul(r[0], nullptr, 16)));
+        EXPECT_EQ(FormatHashDotHash(v), r[2]) << "bits " << r[0];
+    }
+}
+
+TEST(NumberFormat, ZeroMatchesEveryGoldenVector) {
+    auto rows = ReadOracle("format_zero.tsv");
+    if (rows.empty()) GTEST_SKIP() << "golden vectors not present";
+    for (const auto& r : rows) {
+        int16_t v = int16_t(std::stoul(r[0], nullptr, 16));
+        EXPECT_EQ(FormatZero(v), r[2]) << "bits " << r[0];
+    }
+}
+
+TEST(NumberFormat, ShortestDecimalReadsBackAsTheSameSingle) {
+    EXPECT_EQ(ShortestDecimal(0.3f), "0.3");
+    EXPECT_EQ(ShortestDecimal(0.75f), "0.75");
+    EXPECT_EQ(ShortestDecimal(90.0f), "90");
+    for (float f : {0.1f, 1.0f / 3.0f, 123456.789f, 1e-7f, -2.5f}) {
+        EXPECT_EQ(std::stof(ShortestDecimal(f)), f);
+    }
+}

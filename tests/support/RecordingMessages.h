@@ -1,0 +1,57 @@
+#pragma once
+
+// A message service for tests: keeps every message shown and answers from a script.
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "core/MessageService.h"
+
+namespace paginox::test {
+
+struct ShownMessage {
+    std::string text;
+    std::string title;
+    MsgButtons buttons;
+    MsgIcon icon;
+};
+
+class RecordingMessages : public MessageService {
+public:
+    RecordingMessages() : scope_(*this) {}
+
+    // Answers given in order; once used up, the first button of the box is pressed.
+    void Script(std::initializer_list<MsgAnswer> answers) { answers_.assign(answers); }
+
+    MsgAnswer Show(const std::string& text, const std::string& title, MsgButtons buttons,
+                   MsgIcon icon) override {
+        shown.push_back({text, title, buttons, icon});
+        if (!answers_.empty()) {
+            MsgAnswer a = answers_.front();
+            answers_.pop_front();
+            return a;
+        }
+        return fallback_.Show(text, title, buttons, icon);
+    }
+
+    std::vector<ShownMessage> shown;
+
+private:
+    // Only for picking the default answer; prints nothing itself.
+    struct FirstButton : MessageService {
+        MsgAnswer Show(const std::string&, const std::string&, MsgButtons b, MsgIcon) override {
+            switch (b) {
+                case MsgButtons::YesNo:
+                case MsgButtons::YesNoCancel: return MsgAnswer::Yes;
+                case MsgButtons::RetryCancel: return MsgAnswer::Retry;
+                case MsgButtons::AbortRetryIgnore: return MsgAnswer::Abort;
+                default: return MsgAnswer::Ok;
+            }
+        }
+    } fallback_;
+    std::deque<MsgAnswer> answers_;
+    ScopedMessageService scope_;
+};
+
+}  // namespace paginox::test
