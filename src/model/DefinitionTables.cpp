@@ -1,0 +1,17 @@
+#include "model/DefinitionTables.h"
+
+#include "core/Checked.h"
+
+namespace paginox {
+
+const ColumnDef& ColumnListTable::Entry(int16_t i) const {
+    CheckIndex(i, 1, Count());
+    return Entries[i - 1];
+}
+
+DefinitionTables& Definitions() {
+    static DefinitionTables tables;
+    return tables;
+}
+
+}  // namespace paginox
