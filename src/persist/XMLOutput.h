@@ -1,0 +1,44 @@
+#pragma once
+
+// A minimal line-oriented XML writer: one element per line, two spaces of indentation per
+// open element, CR LF line ends. Names and values are written exactly as given: nothing is
+// escaped and no declaration is written, because the host reads the files in that form.
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "persist/BinaryFile.h"
+
+namespace paginox {
+
+class XMLOutput {
+public:
+    // Opens (creates or truncates) the file; false when it cannot be opened.
+    bool OpenXML(const std::string& fileName);
+    // Closes the file; true only when every element opened was also closed.
+    bool CloseXML();
+
+    void OpenNode(const std::string& name);
+    void CloseNode();  // ignored at depth 0
+    void WriteString(const std::string& name, const std::string& value, bool writeEmpty = false);
+    void WriteNumber(const std::string& name, int16_t value, const std::string& pattern);
+    void WriteSingle(const std::string& name, float value, const std::string& pattern);
+    void WriteBoolean(const std::string& name, bool value);
+
+    int16_t Depth() const { return depth_; }
+    size_t StackUpperBound() const { return stack_.size() - 1; }
+
+private:
+    void WriteLine(const std::string& text);
+
+    std::unique_ptr<BinaryFile> file_;
+    int16_t depth_ = 0;
+    std::vector<std::string> stack_ = std::vector<std::string>(21);  // 1-based, bound 20
+};
+
+// Text of a number in the classic "0" or "#.##" pattern.
+std::string FormatWithPattern(double value, const std::string& pattern);
+
+}  // namespace paginox
