@@ -1,0 +1,36 @@
+#pragma once
+
+// Special folders under a chosen root, spelt with a chosen separator.
+
+#include <string>
+
+#include "persist/SpecialFolders.h"
+
+namespace paginox::test {
+
+class FakeSpecialFolders : public SpecialFolders {
+public:
+    FakeSpecialFolders(std::string root, char sep) : root_(std::move(root)), sep_(sep) {}
+
+    std::string Folder(int32_t id) const override {
+        switch (id) {
+            case kDocumentsFolderId: return In("Docs");
+            case kAppDataFolderId: return In("Roaming");
+            case kLocalAppDataFolderId: return In("Local");
+            case kProgramFilesFolderId: return In("Programs");
+            case kCommonFilesFolderId: return In("Common");
+            default: return "";
+        }
+    }
+    std::string TemporaryFolder() const override { return In("Temp") + sep_; }
+    std::string WindowsFolder() const override { return In("Windows"); }
+    std::string ProgramFolder() const override { return In("Bin"); }
+
+    std::string In(const std::string& name) const { return root_ + sep_ + name; }
+
+private:
+    std::string root_;
+    char sep_;
+};
+
+}  // namespace paginox::test
