@@ -1,0 +1,145 @@
+#include "persist/DemoEnvironment.h"
+
+#include <filesystem>
+
+#include "core/AnsiText.h"
+#include "persist/BinaryFile.h"
+#include "persist/Folders.h"
+#include "persist/PrivateProfile.h"
+
+namespace paginox {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// The special folders of a demo environment: all inside its root, except the temporary and
+// program folders, which stay the system's.
+class DemoSpecialFolders : public SpecialFolders {
+  public:
+    DemoSpecialFolders(std::string root, std::shared_ptr<const SpecialFolders> real)
+        : root_(std::move(root)), real_(std::move(real)) {}
+
+    std::string Folder(int32_t id) const override {
+        switch (id) {
+            case kDocumentsFolderId:
+                return root_ + "/Documents";
+            case kAppDataFolderId:
+                return root_ + "/AppData";
+            case kLocalAppDataFolderId:
+                return root_ + "/LocalAppData";
+            case kProgramFilesFolderId:
+                return root_ + "/Program Files";
+            case kCommonFilesFolderId:
+                return root_ + "/Common Files";
+            default:
+                return "";
+        }
+    }
+    std::string TemporaryFolder() const override { return real_->TemporaryFolder(); }
+    std::string WindowsFolder() const override { return root_ + "/Windows"; }
+    std::string ProgramFolder() const override { return real_->ProgramFolder(); }
+
+  private:
+    std::string root_;
+    std::shared_ptr<const SpecialFolders> real_;
+};
+
+// Folder rules evaluated outside start-up mode while the environment is laid out.
+class NotStartingUp {
+  public:
+    NotStartingUp() : was_(StartingUp()) { SetStartingUp(false); }
+    ~NotStartingUp() { SetStartingUp(was_); }
+
+  private:
+    bool was_;
+};
+
+std::string HostIniIn(const SpecialFolders& special) {
+    return PathJoin(special.WindowsFolder(), kSettingsFileName);
+}
+
+// Copies a sample folder's tree, keeping files already there, and leaves the copy writable
+// even when the installed sample data is read-only.
+bool CopyTree(const fs::path& from, const std::string& to) {
+    std::error_code ec;
+    fs::create_directories(to, ec);
+    if (ec) return false;
+    if (!fs::is_directory(from, ec)) return true;
+    fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::skip_existing, ec);
+    if (ec) return false;
+    for (fs::recursive_directory_iterator it(to, ec), end; !ec && it != end; it.increment(ec)) {
+        fs::permissions(it->path(), fs::perms::owner_read | fs::perms::owner_write,
+                        fs::perm_options::add, ec);
+    }
+    return !ec;
+}
+
+// Lays the sample data out where the folder table of the demo folders will look for it and
+// writes the host settings file last, so that an interrupted seeding is redone next time.
+bool Seed(const fs::path& sample, const SpecialFolders& demo) {
+    Folders layout;
+    {
+        NotStartingUp guard;
+        layout.FindFolders(1, demo, '/');  // no settings file yet: program files, documents
+    }
+    const std::string& system = layout.Path(kSystemDataFolder);
+    const std::string& user = layout.Path(kUserFolder);
+    if (!CopyTree(sample / "System", system) ||
+        !CopyTree(sample / "LocalAppData", layout.Path(kLocalDataFolder)) ||
+        !CopyTree(sample / "User Files", user)) {
+        return false;
+    }
+    std::error_code ec;
+    for (int16_t i : {kRoamingDataFolder, kSettingsFolder}) {
+        fs::create_directories(layout.Path(i), ec);
+    }
+    for (int16_t k = 0; k < Folders::kSubFolderCount; ++k) {
+        fs::create_directories(layout.Path(kChartsFolder + k), ec);
+    }
+    fs::create_directories(demo.WindowsFolder(), ec);
+    if (ec) return false;
+    const std::string ini = HostIniIn(demo);
+    return WriteProfileString(ini, "Veltrane", "SystemDataPath", Utf8ToCp1252(system)) &&
+           WriteProfileString(ini, "Veltrane", "UserFolder", Utf8ToCp1252(user));
+}
+
+}  // namespace
+
+FolderEnvironment PrepareFolderEnvironment(std::shared_ptr<const SpecialFolders> real,
+                                           const std::string& sampleFolder) {
+    if (FileExists(HostIniIn(*real))) return {real, false, ""};
+    std::string root = GetSpecialFolder(kLocalAppDataFolderId, *real) + "/Paginox/Demo";
+    auto demo = std::make_shared<DemoSpecialFolders>(root, real);
+    if (!FileExists(HostIniIn(*demo))) {
+        std::error_code ec;
+        if (sampleFolder.empty() || !fs::is_directory(fs::path(sampleFolder) / "System", ec) ||
+            !Seed(sampleFolder, *demo)) {
+            return {real, false, ""};
+        }
+    }
+    return {demo, true, root + "/"};
+}
+
+std::string FindSampleFolder(const std::string& programFolder) {
+    if (programFolder.empty()) return "";
+    const fs::path prog(programFolder);
+    for (const fs::path& candidate :
+         {prog / "sample", prog / ".." / "sample", prog / ".." / ".." / "sample",
+          prog / ".." / "share" / "paginox" / "sample"}) {
+        std::error_code ec;
+        if (fs::is_directory(candidate / "System", ec)) return candidate.lexically_normal();
+    }
+    return "";
+}
+
+bool InitFolders(const std::string& sampleFolder) {
+    FolderEnvironment env = PrepareFolderEnvironment(ProcessSpecialFoldersShared(), sampleFolder);
+    SetProcessSpecialFolders(env.Special);
+    SetStartingUp(true);
+    AppFolders().FindFolders(2, *env.Special);
+    SetStartingUp(false);
+    return env.UsingDemoData;
+}
+
+}  // namespace paginox

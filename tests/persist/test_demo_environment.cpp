@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "FakeSpecialFolders.h"
+#include "model/DefinitionTables.h"
+#include "persist/DefinitionReaders.h"
+#include "persist/DemoEnvironment.h"
+#include "persist/Folders.h"
+#include "support/RecordingMessages.h"
+#include "support/TempDir.h"
+
+using namespace paginox;
+namespace fs = std::filesystem;
+
+namespace {
+
+// A sample folder laid out as the build generates it.
+std::string MakeSample(const test::TempDir& dir) {
+    for (const char* sub : {"sample/System", "sample/LocalAppData", "sample/User Files/Pages"}) {
+        fs::create_directories(dir / sub);
+    }
+    dir.Write("sample/System/rulers2.fil", std::string(163, ' '));
+    dir.Write("sample/LocalAppData/plist.dfn", "1,3,\"Point\",1\r\n");
+    dir.Write("sample/LocalAppData/Alist.dfn", "1,3,\"Aspect\",1\r\n");
+    dir.Write("sample/User Files/Pages/Sample.pag", "page");
+    fs::permissions(dir / "sample/User Files/Pages/Sample.pag", fs::perms::owner_read);
+    return dir / "sample";
+}
+
+}  // namespace
+
+TEST(DemoEnvironment, SeedsOnceAndRunsThroughTheUsualFolderRules) {
+    test::TempDir dir;
+    const std::string sample = MakeSample(dir);
+    auto real = std::make_shared<test::FakeSpecialFolders>(dir / "home", '/');
+
+    FolderEnvironment env = PrepareFolderEnvironment(real, sample);
+    ASSERT_TRUE(env.UsingDemoData);
+    EXPECT_EQ(env.DemoRoot, dir / "home/Local/Paginox/Demo/");
+
+    Folders f;
+    f.FindFolders(2, *env.Special, '/');
+    EXPECT_EQ(f.Path(kSystemDataFolder), env.DemoRoot + "Program Files/Quillon/Veltrane/v9/");
+    EXPECT_TRUE(fs::is_directory(f.Path(kSettingsFolder)));
+    const std::string page = f.Path(kPagesFolder) + "Sample.pag";
+    ASSERT_TRUE(fs::exists(page));
+    EXPECT_NE(fs::status(page).permissions() & fs::perms::owner_write, fs::perms::none);
+
+    {
+        // Start-up's loading: rulerships, then the object classes, then the column lists.
+        Definitions() = DefinitionTables();
+        test::RecordingMessages rec;
+        std::string objects;
+        size_t setsFirst = 0, listsFirst = 1;
+        LoadDefinitions(f, [&](const std::string& path) {
+            objects = path;
+            setsFirst = Definitions().Rulerships.size();
+            listsFirst = Definitions().AspectList.Entries.size();
+        });
+        EXPECT_TRUE(rec.shown.empty());
+        EXPECT_EQ(objects, f.Path(kSystemDataFolder) + "objects.dfn");
+        EXPECT_EQ(setsFirst, 1u);
+        EXPECT_EQ(listsFirst, 0u);
+        EXPECT_EQ(Definitions().PointList.Count(), 1);
+    }
+
+    // A later run reuses the copy, changes included, and does not need the sample again.
+    dir.Write("home/Local/Paginox/Demo/LocalAppData/Quillon/Veltrane/v9/plist.dfn", "edited");
+    env = PrepareFolderEnvironment(real, dir / "gone");
+    EXPECT_TRUE(env.UsingDemoData);
+    EXPECT_EQ(test::ReadAll(f.Path(kLocalDataFolder) + "plist.dfn"), "edited");
+}
+
+TEST(DemoEnvironment, HostInstallationOrNoSampleKeepsTheRealFolders) {
+    test::TempDir dir;
+    auto real = std::make_shared<test::FakeSpecialFolders>(dir / "home", '/');
+    FolderEnvironment env = PrepareFolderEnvironment(real, dir / "nosample");
+    EXPECT_FALSE(env.UsingDemoData);
+    EXPECT_EQ(env.Special, real);
+    EXPECT_FALSE(fs::exists(dir / "home/Local/Paginox"));
+
+    const std::string sample = MakeSample(dir);
+    fs::create_directories(real->WindowsFolder());
+    dir.Write("home/Windows/Veltrane9.ini", "[Veltrane]\r\n");
+    env = PrepareFolderEnvironment(real, sample);
+    EXPECT_FALSE(env.UsingDemoData);
+    EXPECT_EQ(env.Special, real);
+}
