@@ -68,7 +68,9 @@ RulershipSet ParseRulership(const std::string& record) {
 
 }  // namespace
 
-void ReadPointListDefs(const std::string& path) { ReadColumnList(path, Definitions().PointList); }
+void ReadPointListDefs(const std::string& path) {
+    ReadColumnList(path, Definitions().PointList);
+}
 
 void ReadAspectListDefs(const std::string& path) {
     ReadColumnList(path, Definitions().AspectList);
@@ -115,7 +117,9 @@ std::vector<int32_t> ReadNumberListFile(const std::string& path) {
     return numbers;
 }
 
-void InstallDefinitionReaders() { Definitions().ReadNumberList = ReadNumberListFile; }
+void InstallDefinitionReaders() {
+    Definitions().ReadNumberList = ReadNumberListFile;
+}
 
 std::string DefinitionsFolderOf(const Folders& folders) {
     return folders.Path(kSystemDataFolder);

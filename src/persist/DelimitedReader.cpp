@@ -10,9 +10,15 @@ namespace paginox {
 
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
-bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
-bool IsDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; }
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+bool IsLineEnd(char c) {
+    return c == '\r' || c == '\n';
+}
+bool IsDigit(char c) {
+    return std::isdigit(static_cast<unsigned char>(c)) != 0;
+}
 
 // Sign, digits with an optional fraction (at least one digit), optional exponent; "D" is
 // accepted for the exponent as the classic double-precision notation wrote it.
@@ -49,7 +55,9 @@ void DelimitedReader::SkipBlanks() {
     while (!AtEnd() && IsBlank(bytes_[pos_])) ++pos_;
 }
 
-bool DelimitedReader::AtLineEnd() const { return !AtEnd() && IsLineEnd(bytes_[pos_]); }
+bool DelimitedReader::AtLineEnd() const {
+    return !AtEnd() && IsLineEnd(bytes_[pos_]);
+}
 
 void DelimitedReader::StartField() {
     while (!AtEnd() && (IsBlank(bytes_[pos_]) || IsLineEnd(bytes_[pos_]))) ++pos_;
@@ -112,8 +120,12 @@ double DelimitedReader::ReadNumber() {
     return text.empty() ? 0.0 : ParseNumber(text);
 }
 
-int16_t DelimitedReader::ReadInt16() { return ToInt16(ReadNumber()); }
+int16_t DelimitedReader::ReadInt16() {
+    return ToInt16(ReadNumber());
+}
 
-int32_t DelimitedReader::ReadInt32() { return ToInt32(ReadNumber()); }
+int32_t DelimitedReader::ReadInt32() {
+    return ToInt32(ReadNumber());
+}
 
 }  // namespace paginox

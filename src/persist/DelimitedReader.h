@@ -13,7 +13,7 @@
 namespace paginox {
 
 class DelimitedReader {
-public:
+  public:
     explicit DelimitedReader(std::string bytes) : bytes_(std::move(bytes)) {}
 
     // A text field: the contents of its quotes, or the bare text trimmed of blanks.
@@ -27,12 +27,12 @@ public:
     // True once everything has been read (the classic EOF test).
     bool AtEnd() const { return pos_ >= bytes_.size(); }
 
-private:
-    void StartField();           // skips blanks and line ends; past end of file raises
+  private:
+    void StartField();  // skips blanks and line ends; past end of file raises
     void SkipBlanks();
     bool AtLineEnd() const;
-    void SkipDelimiter();        // after a field: blanks, then one comma or line end
-    std::string ReadQuoted();    // after the opening quote
+    void SkipDelimiter();      // after a field: blanks, then one comma or line end
+    std::string ReadQuoted();  // after the opening quote
 
     std::string bytes_;
     size_t pos_ = 0;

@@ -10,13 +10,24 @@ namespace paginox {
 
 namespace {
 
-const std::array<std::string, Folders::kSubFolderCount> kSubFolders = {
-    "Charts", "Aspects", "Points & Colors", "Pages", "Wheels & Dials", "Almutens & Dignities",
-    "Tasks", "Interpretations", "Places", "Maps", "", "Settings", "Recovery", "Databases"};
+const std::array<std::string, Folders::kSubFolderCount> kSubFolders = {"Charts",
+                                                                       "Aspects",
+                                                                       "Points & Colors",
+                                                                       "Pages",
+                                                                       "Wheels & Dials",
+                                                                       "Almutens & Dignities",
+                                                                       "Tasks",
+                                                                       "Interpretations",
+                                                                       "Places",
+                                                                       "Maps",
+                                                                       "",
+                                                                       "Settings",
+                                                                       "Recovery",
+                                                                       "Databases"};
 
-const std::array<std::string, 7> kFirstNames = {
-    "Program Files", "Swiss Ephemeris", "Asteroids", "AppData Roaming",
-    "AppData Local",  "User Files",      "Temporary"};
+const std::array<std::string, 7> kFirstNames = {"Program Files",   "Swiss Ephemeris", "Asteroids",
+                                                "AppData Roaming", "AppData Local",   "User Files",
+                                                "Temporary"};
 
 bool gStartingUp = false;
 
@@ -72,7 +83,9 @@ void Folders::FindFolders(int16_t mode, const SpecialFolders& special, char sep)
         case 2:
             paths_[kSystemDataFolder] = PathJoin(HostFolder(hostIni, "SystemDataPath", ""), sep);
             break;
-        default: paths_[kSystemDataFolder] = PathJoin(special.ProgramFolder(), sep); break;
+        default:
+            paths_[kSystemDataFolder] = PathJoin(special.ProgramFolder(), sep);
+            break;
     }
     paths_[kRoamingDataFolder] = GetSpecialFolder(kAppDataFolderId, special) + HostSubPath(sep);
     paths_[kLocalDataFolder] = GetSpecialFolder(kLocalAppDataFolderId, special) + HostSubPath(sep);
@@ -82,8 +95,8 @@ void Folders::FindFolders(int16_t mode, const SpecialFolders& special, char sep)
     paths_[kUserFolder] = PathJoin(HostFolder(hostIni, "UserFolder", docs), sep);
 
     paths_[kAsteroidFolder] = paths_[kSystemDataFolder] + "Asteroid" + sep;
-    paths_[kSwissEphFolder] = GetSpecialFolder(kCommonFilesFolderId, special) + sep + "Quillon" +
-                              sep + "SwissEph" + sep;
+    paths_[kSwissEphFolder] =
+        GetSpecialFolder(kCommonFilesFolderId, special) + sep + "Quillon" + sep + "SwissEph" + sep;
     paths_[kTemporaryFolder] = PathJoin(special.TemporaryFolder(), sep);
 
     for (int16_t k = 0; k < kSubFolderCount; ++k) {
@@ -109,8 +122,12 @@ Folders& AppFolders() {
     return folders;
 }
 
-void SetStartingUp(bool on) { gStartingUp = on; }
-bool StartingUp() { return gStartingUp; }
+void SetStartingUp(bool on) {
+    gStartingUp = on;
+}
+bool StartingUp() {
+    return gStartingUp;
+}
 
 std::string PathJoin(std::string_view folder, std::string_view name, char sep) {
     std::string r(folder);

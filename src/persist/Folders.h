@@ -49,7 +49,7 @@ enum FolderIndex : int16_t {
 inline constexpr const char* kSettingsFileName = "Veltrane9.ini";
 
 class Folders {
-public:
+  public:
     static constexpr int16_t kCount = 21;
     static constexpr int16_t kSubFolderCount = 14;
 
@@ -69,7 +69,7 @@ public:
     // Entry 18 + "Veltrane9.ini".
     const std::string& SettingsFile() const { return settingsFile_; }
 
-private:
+  private:
     std::array<std::string, kCount> paths_;
     std::array<std::string, kCount> names_;
     std::string settingsFile_;

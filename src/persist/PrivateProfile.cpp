@@ -20,7 +20,9 @@ namespace {
 constexpr size_t kMaxValueChars = 254;
 constexpr const char* kNewLineEnd = "\r\n";
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\v' || c == '\f'; }
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\v' || c == '\f';
+}
 
 std::string_view TrimLeadingBlanks(std::string_view s) {
     size_t b = 0;
@@ -49,10 +51,10 @@ std::vector<Line> SplitLines(std::string_view bytes) {
             lines.push_back({std::string(bytes.substr(pos)), ""});
             break;
         }
-        size_t endLen = (bytes[brk] == '\r' && brk + 1 < bytes.size() && bytes[brk + 1] == '\n')
-                            ? 2 : 1;
-        lines.push_back({std::string(bytes.substr(pos, brk - pos)),
-                         std::string(bytes.substr(brk, endLen))});
+        size_t endLen =
+            (bytes[brk] == '\r' && brk + 1 < bytes.size() && bytes[brk + 1] == '\n') ? 2 : 1;
+        lines.push_back(
+            {std::string(bytes.substr(pos, brk - pos)), std::string(bytes.substr(brk, endLen))});
         pos = brk + endLen;
     }
     return lines;
@@ -68,9 +70,9 @@ enum class LineKind { Blank, Section, Entry };
 
 struct ParsedLine {
     LineKind kind = LineKind::Blank;
-    std::string_view name;                 // section name or key, trimmed
-    std::optional<std::string_view> value; // trimmed; none for a line without "="
-    size_t valueStart = 0;                 // where the value begins in the line's text
+    std::string_view name;                  // section name or key, trimmed
+    std::optional<std::string_view> value;  // trimmed; none for a line without "="
+    size_t valueStart = 0;                  // where the value begins in the line's text
 };
 
 ParsedLine Parse(std::string_view text) {
@@ -147,7 +149,7 @@ std::string CopyEntry(std::string_view v) {
 
 // The file's bytes; empty when it does not exist; nothing when it exists but cannot be read.
 std::optional<std::string> ReadIfPresent(const std::string& file, bool& exists) {
-    struct stat st{};
+    struct stat st {};
     exists = stat(file.c_str(), &st) == 0;
     if (!exists) return std::string();
     try {
@@ -205,8 +207,8 @@ bool SetKey(std::vector<Line>& lines, std::string_view section, std::string_view
             line.text = line.text.substr(0, p.valueStart) + std::string(value);
         } else {
             size_t indent = line.text.size() - TrimLeadingBlanks(line.text).size();
-            line.text = line.text.substr(0, indent) + std::string(p.name) + "=" +
-                        std::string(value);
+            line.text =
+                line.text.substr(0, indent) + std::string(p.name) + "=" + std::string(value);
         }
         return true;
     }

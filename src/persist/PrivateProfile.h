@@ -34,8 +34,7 @@ std::string ReadProfileString(const std::string& file, std::string_view section,
 // does not exist leaves the file alone (and creates no file). The file is replaced atomically.
 // False when the file cannot be read or written, or the key is empty.
 bool WriteProfileString(const std::string& file, std::string_view section,
-                        std::optional<std::string_view> key,
-                        std::optional<std::string_view> value);
+                        std::optional<std::string_view> key, std::optional<std::string_view> value);
 
 // Replaces a file's contents through a temporary file beside it, so that a failed write
 // leaves the old file as it was.

@@ -38,7 +38,9 @@ std::string XdgFolder(const char* variable, const std::string& fallback) {
     return fallback;
 }
 
-std::string ConfigFolder() { return XdgFolder("XDG_CONFIG_HOME", Home() + "/.config"); }
+std::string ConfigFolder() {
+    return XdgFolder("XDG_CONFIG_HOME", Home() + "/.config");
+}
 
 // XDG_DOCUMENTS_DIR from the user-dirs file: "$HOME/..." or an absolute path, in quotes.
 std::string UserDirsDocuments() {
@@ -63,8 +65,7 @@ std::string DocumentsFolder() {
 }
 
 std::shared_ptr<const SpecialFolders>& Current() {
-    static std::shared_ptr<const SpecialFolders> current =
-        std::make_shared<SystemSpecialFolders>();
+    static std::shared_ptr<const SpecialFolders> current = std::make_shared<SystemSpecialFolders>();
     return current;
 }
 
@@ -72,12 +73,18 @@ std::shared_ptr<const SpecialFolders>& Current() {
 
 std::string SystemSpecialFolders::Folder(int32_t id) const {
     switch (id) {
-        case kDocumentsFolderId: return DocumentsFolder();
-        case kAppDataFolderId: return ConfigFolder();
-        case kLocalAppDataFolderId: return XdgFolder("XDG_DATA_HOME", Home() + "/.local/share");
-        case kProgramFilesFolderId: return "/opt";
-        case kCommonFilesFolderId: return "/usr/share";
-        default: return "";
+        case kDocumentsFolderId:
+            return DocumentsFolder();
+        case kAppDataFolderId:
+            return ConfigFolder();
+        case kLocalAppDataFolderId:
+            return XdgFolder("XDG_DATA_HOME", Home() + "/.local/share");
+        case kProgramFilesFolderId:
+            return "/opt";
+        case kCommonFilesFolderId:
+            return "/usr/share";
+        default:
+            return "";
     }
 }
 
@@ -86,7 +93,9 @@ std::string SystemSpecialFolders::TemporaryFolder() const {
     return tmp.empty() ? "/tmp" : tmp;
 }
 
-std::string SystemSpecialFolders::WindowsFolder() const { return ConfigFolder(); }
+std::string SystemSpecialFolders::WindowsFolder() const {
+    return ConfigFolder();
+}
 
 std::string SystemSpecialFolders::ProgramFolder() const {
     std::error_code ec;
@@ -94,9 +103,13 @@ std::string SystemSpecialFolders::ProgramFolder() const {
     return ec ? std::string() : exe.parent_path().string();
 }
 
-const SpecialFolders& ProcessSpecialFolders() { return *Current(); }
+const SpecialFolders& ProcessSpecialFolders() {
+    return *Current();
+}
 
-std::shared_ptr<const SpecialFolders> ProcessSpecialFoldersShared() { return Current(); }
+std::shared_ptr<const SpecialFolders> ProcessSpecialFoldersShared() {
+    return Current();
+}
 
 void SetProcessSpecialFolders(std::shared_ptr<const SpecialFolders> folders) {
     if (folders) Current() = std::move(folders);

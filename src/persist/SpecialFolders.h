@@ -19,7 +19,7 @@ enum SpecialFolderId : int32_t {
 };
 
 class SpecialFolders {
-public:
+  public:
     virtual ~SpecialFolders() = default;
     // A special folder by id, without a trailing separator; empty when unknown.
     virtual std::string Folder(int32_t id) const = 0;
@@ -36,7 +36,7 @@ public:
 // ProgramFiles = /opt, CommonFiles = /usr/share, temporary = $TMPDIR or /tmp, and the
 // Windows folder = AppData.
 class SystemSpecialFolders : public SpecialFolders {
-public:
+  public:
     std::string Folder(int32_t id) const override;
     std::string TemporaryFolder() const override;
     std::string WindowsFolder() const override;

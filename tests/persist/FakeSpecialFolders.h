@@ -2,6 +2,7 @@
 
 // Special folders under a chosen root, spelt with a chosen separator.
 
+#include <map>
 #include <string>
 
 #include "persist/SpecialFolders.h"
@@ -9,26 +10,23 @@
 namespace paginox::test {
 
 class FakeSpecialFolders : public SpecialFolders {
-public:
+  public:
     FakeSpecialFolders(std::string root, char sep) : root_(std::move(root)), sep_(sep) {}
 
     std::string Folder(int32_t id) const override {
-        switch (id) {
-            case kDocumentsFolderId: return In("Docs");
-            case kAppDataFolderId: return In("Roaming");
-            case kLocalAppDataFolderId: return In("Local");
-            case kProgramFilesFolderId: return In("Programs");
-            case kCommonFilesFolderId: return In("Common");
-            default: return "";
-        }
+        static const std::map<int32_t, std::string> names = {{kDocumentsFolderId, "Docs"},
+                                                             {kAppDataFolderId, "Roaming"},
+                                                             {kLocalAppDataFolderId, "Local"},
+                                                             {kProgramFilesFolderId, "Programs"},
+                                                             {kCommonFilesFolderId, "Common"}};
+        return names.count(id) ? In(names.at(id)) : "";
     }
     std::string TemporaryFolder() const override { return In("Temp") + sep_; }
     std::string WindowsFolder() const override { return In("Windows"); }
     std::string ProgramFolder() const override { return In("Bin"); }
-
     std::string In(const std::string& name) const { return root_ + sep_ + name; }
 
-private:
+  private:
     std::string root_;
     char sep_;
 };

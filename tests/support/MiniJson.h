@@ -29,7 +29,7 @@ struct Json {
 };
 
 class JsonParser {
-public:
+  public:
     static Json Parse(const std::string& text) {
         JsonParser p(text);
         Json v = p.Value();
@@ -38,15 +38,15 @@ public:
         return v;
     }
 
-private:
+  private:
     explicit JsonParser(const std::string& t) : t_(t) {}
 
     [[noreturn]] void Fail(const std::string& what) const {
         throw std::runtime_error("JSON: " + what + " at " + std::to_string(pos_));
     }
     void Space() {
-        while (pos_ < t_.size() && (t_[pos_] == ' ' || t_[pos_] == '\n' || t_[pos_] == '\r' ||
-                                    t_[pos_] == '\t'))
+        while (pos_ < t_.size() &&
+               (t_[pos_] == ' ' || t_[pos_] == '\n' || t_[pos_] == '\r' || t_[pos_] == '\t'))
             ++pos_;
     }
     bool Take(const std::string& word) {
@@ -114,13 +114,27 @@ private:
                 continue;
             }
             switch (char e = Next()) {
-                case 'n': s += '\n'; break;
-                case 'r': s += '\r'; break;
-                case 't': s += '\t'; break;
-                case 'b': s += '\b'; break;
-                case 'f': s += '\f'; break;
-                case 'u': Append(s, std::stoul(t_.substr(pos_, 4), nullptr, 16)), pos_ += 4; break;
-                default: s += e; break;
+                case 'n':
+                    s += '\n';
+                    break;
+                case 'r':
+                    s += '\r';
+                    break;
+                case 't':
+                    s += '\t';
+                    break;
+                case 'b':
+                    s += '\b';
+                    break;
+                case 'f':
+                    s += '\f';
+                    break;
+                case 'u':
+                    Append(s, std::stoul(t_.substr(pos_, 4), nullptr, 16)), pos_ += 4;
+                    break;
+                default:
+                    s += e;
+                    break;
             }
         }
         return s;
