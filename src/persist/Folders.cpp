@@ -10,20 +10,23 @@ namespace paginox {
 
 namespace {
 
-const std::array<std::string, Folders::kSubFolderCount> kSubFolders = {"Charts",
-                                                                       "Aspects",
-                                                                       "Points & Colors",
-                                                                       "Pages",
-                                                                       "Wheels & Dials",
-                                                                       "Almutens & Dignities",
-                                                                       "Tasks",
-                                                                       "Interpretations",
-                                                                       "Places",
-                                                                       "Maps",
-                                                                       "",
-                                                                       "Settings",
-                                                                       "Recovery",
-                                                                       "Databases"};
+// The eleventh name is empty on purpose: entry 17 repeats the user folder.
+const std::array<std::string, Folders::kSubFolderCount> kSubFolders = {
+    "Charts",
+    "Aspects",
+    "Points & Colors",
+    "Pages",
+    "Wheels & Dials",
+    "Almutens & Dignities",
+    "Tasks",
+    "Interpretations",
+    "Places",
+    "Maps",
+    "",
+    "Settings",
+    "Recovery",
+    "Databases",
+};
 
 const std::array<std::string, 7> kFirstNames = {"Program Files",   "Swiss Ephemeris", "Asteroids",
                                                 "AppData Roaming", "AppData Local",   "User Files",
