@@ -23,6 +23,7 @@ std::string ErrorDescription(int number) {
         case kDiskNotReady: return "Disk not ready";
         case kPathFileAccessError: return "Path/File access error";
         case kPathNotFound: return "Path not found";
+        case kObjectNotSet: return "Object variable or With block variable not set";
         case kInvalidFileFormat: return "Invalid file format";
         default: return "Application-defined or object-defined error";
     }

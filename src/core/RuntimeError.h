@@ -24,6 +24,7 @@ enum ErrorNumber : int {
     kDiskNotReady = 71,
     kPathFileAccessError = 75,
     kPathNotFound = 76,
+    kObjectNotSet = 91,
     kInvalidFileFormat = 321,
 };
 
