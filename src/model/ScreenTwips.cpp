@@ -1,0 +1,23 @@
+#include "model/ScreenTwips.h"
+
+#include <utility>
+
+namespace paginox {
+
+namespace {
+TwipsPerPixelSource& Source() {
+    static TwipsPerPixelSource source;
+    return source;
+}
+}  // namespace
+
+void SetTwipsPerPixelSource(TwipsPerPixelSource source) {
+    Source() = std::move(source);
+}
+
+TwipsPerPixel ScreenTwipsPerPixel() {
+    const auto& source = Source();
+    return source ? source() : TwipsPerPixel{};
+}
+
+}  // namespace paginox

@@ -1,0 +1,49 @@
+#pragma once
+
+// Gives a test its own object class catalogue and definition tables, restored afterwards.
+
+#include <memory>
+
+#include "core/RuntimeError.h"
+#include "model/DefinitionTables.h"
+#include "model/PageObjectClasses.h"
+
+namespace paginox::test {
+
+class ScopedModelState {
+  public:
+    ScopedModelState() : classes_(ObjectClasses()), tables_(Definitions()) {
+        ObjectClasses() = PageObjectClasses{};
+        Definitions() = DefinitionTables{};
+    }
+    ~ScopedModelState() {
+        ObjectClasses() = classes_;
+        Definitions() = tables_;
+    }
+    // Appends a class to the catalogue with the next ClassID.
+    std::shared_ptr<PageObjectClass> AddClass(int32_t ocuFlags = 0) {
+        auto cls = std::make_shared<PageObjectClass>();
+        PageObjectClasses& all = ObjectClasses();
+        all.SetCount(int16_t(all.Count() + 1));
+        cls->SetClassID(all.Count());
+        cls->SetOCUFlags(ocuFlags);
+        all.SetClass(all.Count(), cls);
+        return cls;
+    }
+
+  private:
+    PageObjectClasses classes_;
+    DefinitionTables tables_;
+};
+
+// The run-time error number f raises, or 0.
+inline int ErrorOf(auto&& f) {
+    try {
+        f();
+    } catch (const RuntimeError& e) {
+        return e.Number();
+    }
+    return 0;
+}
+
+}  // namespace paginox::test

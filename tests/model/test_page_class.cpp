@@ -1,0 +1,145 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "model/ModelState.h"
+#include "model/PageClass.h"
+#include "model/PageFormat.h"
+#include "model/PageObject.h"
+
+using namespace paginox;
+using test::ErrorOf;
+
+namespace {
+std::shared_ptr<PageObject> AddObject(PageFormat& f, int16_t classID) {
+    auto o = std::make_shared<PageObject>();
+    o->SetObjectClassID(classID);
+    f.AddObject(o);
+    return o;
+}
+}  // namespace
+
+TEST(PageClass, NewPageHasOneDefaultFormatAndTwelveChartSlots) {
+    PageClass p;
+    p.SetTitle("Kept");
+    p.InitNewPage();
+    EXPECT_EQ(p.NumCharts(), 1);
+    EXPECT_EQ(p.ChartPlacementDesc(12), "Chart 12");
+    EXPECT_EQ(p.Title(), "Kept");
+    EXPECT_EQ(ErrorOf([&] { p.ChartPlacementDesc(13); }), kSubscriptOutOfRange);
+    p.SetNumCharts(2);
+    p.GetFormat(1)->SetForPrinter(true);
+    EXPECT_EQ(p.PageSummary("a"),
+              "File   : a\r\nVers   : 0\r\nAbbr   : New - Desc : New Page\r\n"
+              "Charts : 2 -  Chart 1, Chart 2\r\n"
+              "  Pixels : 800x600  LogPixs=96  Printer=True\r\n    Objects : 0 - \r\n");
+}
+
+TEST(PageClass, FormatStorageGrowsWithSpareAndTheLastFormatStays) {
+    PageClass p;
+    p.SetNumFormats(3, true);
+    EXPECT_EQ(p.FormatAllocation(), 8);
+    auto third = p.GetFormat(3);
+    p.DeleteFormat(0);
+    p.DeleteFormat(4);
+    p.DeleteFormat(1);
+    EXPECT_EQ(p.GetFormat(2), third);
+    EXPECT_EQ(p.GetFormat(8), nullptr);  // within storage: accepted
+    EXPECT_EQ(ErrorOf([&] { p.GetFormat(9); }), kSubscriptOutOfRange);
+    p.DeleteFormat(1);
+    p.DeleteFormat(1);
+    EXPECT_EQ(p.NumFormats(), 1);
+    auto mine = std::make_shared<PageFormat>();
+    p.AddFormat(mine);
+    EXPECT_EQ(p.GetFormat(2), mine);
+}
+
+TEST(PageClass, CloneAndEqualityIgnoreTitleAndVersion) {
+    PageClass p;
+    p.InitNewPage();
+    p.SetTitle("Natal");
+    p.SetReadVersion(3);
+    AddObject(*p.GetFormat(1), 1);
+    auto copy = p.Clone();
+    EXPECT_EQ(copy->Title(), "");
+    EXPECT_EQ(copy->ReadVersion(), 0);
+    EXPECT_TRUE(copy->IsEqual(&p));
+    EXPECT_FALSE(p.IsEqual(nullptr));
+    copy->SetChartPlacementDesc(12, "chart 12");
+    EXPECT_FALSE(copy->IsEqual(&p));
+    copy = p.Clone();
+    copy->GetFormat(1)->Object(1)->SetZodiac(2);
+    EXPECT_FALSE(p.IsEqual(copy.get()));
+}
+
+TEST(PageClass, MaxNumChartsAndAnEmptyFormatSlot) {
+    PageClass p;
+    EXPECT_EQ(p.MaxNumCharts(), 0);
+    p.SetNumFormats(2, true);
+    AddObject(*p.GetFormat(2), 1)->SetChartNum(1, 4);
+    auto o = AddObject(*p.GetFormat(1), 1);
+    o->SetChartNum(1, 2);
+    o->SetChartNum(2, 9);  // beyond the object's NumCharts: not in use
+    EXPECT_EQ(p.MaxNumCharts(), 4);
+    p.SetNumFormats(3, false);
+    EXPECT_EQ(ErrorOf([&] { p.MaxNumCharts(); }), kObjectNotSet);
+    EXPECT_EQ(ErrorOf([&] { p.Clone(); }), kObjectNotSet);
+    EXPECT_EQ(ErrorOf([&] { p.PageSummary("x"); }), kObjectNotSet);
+}
+
+TEST(PageClass, ReferencesListEachFileOnceWithItsExtension) {
+    test::ScopedModelState state;
+    state.AddClass(0);
+    state.AddClass(kOCUStarFile | kOCUBodyElementFile);
+    PageClass p;
+    p.InitNewPage();
+    PageFormat& f = *p.GetFormat(1);
+    auto a = AddObject(f, 1);
+    a->SetNumCharts(2);
+    a->SetWheelFile("Natal");
+    a->SetAspectsFile("  ");
+    a->SetGenericFile("Plain");
+    a->SetPointsFile(5, "Five");
+    a->SetPointsFile(2, "  ");
+    auto b = AddObject(f, 2);
+    b->SetNumCharts(2);
+    b->SetWheelFile("Natal");
+    b->SetAspectsFile("Major");
+    b->SetGenericFile("Stars");
+    AddObject(f, 2);  // refers to nothing
+
+    int16_t count = 1;
+    std::vector<std::string> list{"Major.asp"};
+    p.PageReferences(count, list);
+    EXPECT_EQ(count, 6);
+    EXPECT_EQ(list, (std::vector<std::string>{"Major.asp", "Natal.wh2", "Plain", "  .pts",
+                                              "Five.pts", "Stars.dat"}));
+}
+
+TEST(PageClass, SummaryShowsCountsAndItsOwnFileList) {
+    test::ScopedModelState state;
+    state.AddClass(kOCUDignityFile);
+    PageClass p;
+    p.InitNewPage();
+    p.SetReadVersion(3);
+    p.SetListAbbreviation("Nat");
+    p.SetDescription("Natal page");
+    PageFormat& f = *p.GetFormat(1);
+    auto a = AddObject(f, 1);
+    a->SetWheelFile("Natal");
+    a->SetAspectsFile("Major");
+    a->SetPointsFile(1, "Main");
+    a->SetPointsFile(3, "   ");
+    a->SetPointsFile(5, "Five");
+    a->SetGenericFile("Dig");
+    AddObject(f, 1);
+    EXPECT_EQ(p.PageSummary("C:\\Pages\\Natal.pag"),
+              "File   : C:\\Pages\\Natal.pag\r\n"
+              "Vers   : 3\r\n"
+              "Abbr   : Nat - Desc : Natal page\r\n"
+              "Charts : 1 -  Chart 1\r\n"
+              "  Pixels : 800x600  LogPixs=96  Printer=False\r\n"
+              "    Objects : 2 -   Nat, Nat\r\n"
+              "\r\nFile: Natal.wh1\r\nFile: Dig.alm\r\nFile: Main.pts\r\nFile: Major.asp");
+}
