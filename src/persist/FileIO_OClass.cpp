@@ -1,0 +1,162 @@
+#include "persist/FileIO_OClass.h"
+
+#include <memory>
+#include <variant>
+
+#include "core/AnsiText.h"
+#include "core/MessageService.h"
+#include "core/Rounding.h"
+#include "core/RuntimeError.h"
+#include "model/PageObjectClasses.h"
+#include "persist/BinaryFile.h"
+#include "persist/ByteStream.h"
+
+namespace paginox {
+
+namespace {
+struct Int16Field {
+    void (PageObjectClass::*set)(int16_t);
+};
+struct Int32Field {
+    void (PageObjectClass::*set)(int32_t);
+};
+struct SingleField {
+    void (PageObjectClass::*set)(float);
+};
+struct TextField {
+    size_t width;
+    void (PageObjectClass::*set)(const std::string&);
+};
+using Field = std::variant<Int16Field, Int32Field, SingleField, TextField>;
+
+// The record, field by field in file order; offsets follow from the widths.
+constexpr Field kClassRecord[] = {
+    Int16Field{&PageObjectClass::SetObjectType},               // 0
+    TextField{8, &PageObjectClass::SetAbbreviation},           // 2
+    TextField{40, &PageObjectClass::SetFullName},              // 10
+    TextField{127, &PageObjectClass::SetDescription},          // 50
+    TextField{20, &PageObjectClass::SetGroup},                 // 177
+    Int16Field{&PageObjectClass::SetOrder},                    // 197
+    Int16Field{&PageObjectClass::SetShape},                    // 199
+    Int16Field{&PageObjectClass::SetDefaultFixedLines},        // 201
+    Int16Field{&PageObjectClass::SetDefaultTextLines},         // 203
+    Int16Field{&PageObjectClass::SetDefaultHorizontalBlocks},  // 205
+    SingleField{&PageObjectClass::SetDefaultYRatio},           // 207
+    Int16Field{&PageObjectClass::SetNumCharts},                // 211
+    Int16Field{&PageObjectClass::SetDefaultFrameType},         // 213
+    Int32Field{&PageObjectClass::SetOCUFlags},                 // 215
+};
+
+constexpr size_t Width(const Field& f) {
+    if (const auto* text = std::get_if<TextField>(&f)) return text->width;
+    return std::holds_alternative<Int16Field>(f) ? 2 : 4;
+}
+
+constexpr size_t RecordWidth() {
+    size_t total = 0;
+    for (const Field& f : kClassRecord) total += Width(f);
+    return total;
+}
+static_assert(RecordWidth() == kObjectClassRecordLength);
+
+// A short last record is read as far as it goes: what is missing reads as blank text and
+// zero numbers.
+std::string PadRecord(std::string bytes) {
+    size_t offset = 0;
+    for (const Field& f : kClassRecord) {
+        size_t end = offset + Width(f);
+        if (bytes.size() < end) {
+            bytes.append(end - bytes.size(), std::holds_alternative<TextField>(f) ? ' ' : '\0');
+        }
+        offset = end;
+    }
+    return bytes;
+}
+
+PageObjectClass ParseRecord(const std::string& bytes) {
+    std::string record = PadRecord(bytes);
+    ByteReader in(record);
+    PageObjectClass cls;
+    for (const Field& f : kClassRecord) {
+        if (const auto* i16 = std::get_if<Int16Field>(&f)) (cls.*(i16->set))(in.Int16());
+        if (const auto* i32 = std::get_if<Int32Field>(&f)) (cls.*(i32->set))(in.Int32());
+        if (const auto* single = std::get_if<SingleField>(&f)) (cls.*(single->set))(in.Single());
+        if (const auto* text = std::get_if<TextField>(&f))
+            (cls.*(text->set))(Trim(in.Text(text->width)));
+    }
+    return cls;
+}
+
+// The open routine reports its own "Open Error" and hands back only a failure; this passes
+// that message on unchanged and keeps the error's description for the loader's message.
+class OpenErrorWitness : public MessageService {
+  public:
+    OpenErrorWitness() : next_(Messages()), scope_(*this) {}
+    MsgAnswer Show(const std::string& text, const std::string& title, MsgButtons buttons,
+                   MsgIcon icon) override {
+        // The text ends with a blank line and the system's description of the error.
+        auto blank = text.rfind("\r\n\r\n");
+        if (blank != std::string::npos) description_ = text.substr(blank + 4);
+        return next_.Show(text, title, buttons, icon);
+    }
+    const std::string& Description() const { return description_; }
+
+  private:
+    MessageService& next_;
+    ScopedMessageService scope_;
+    std::string description_;
+};
+
+void ReportReadError(const std::string& path, const std::string& description) {
+    ShowMessage(FileErrorText("Error whilst reading file ", path, description));
+}
+}  // namespace
+
+void LoadObjectClasses(const std::string& path, PageObjectClasses& into) {
+    std::unique_ptr<BinaryFile> file;
+    std::string openError;
+    {
+        OpenErrorWitness witness;
+        // Record access creates a missing file, which then loads as an empty catalogue.
+        file = OpenFileByKind(path, FileKind::Random);
+        openError = witness.Description();
+    }
+    if (!file) {
+        into.SetCount(0);
+        ReportReadError(path, openError);
+        return;
+    }
+
+    int16_t count = 0;
+    try {
+        // More records than a 16-bit count holds is an overflow, reported like a read error.
+        count = ToInt16(double(file->Length()) / double(kObjectClassRecordLength));
+    } catch (const RuntimeError& e) {
+        into.SetCount(0);
+        ReportReadError(path, e.Description());
+        return;
+    }
+    into.SetCount(count);
+
+    int16_t last = 0;
+    try {
+        for (int i = 1; i <= count; ++i) {
+            auto cls = std::make_shared<PageObjectClass>(
+                ParseRecord(file->ReadUpTo(kObjectClassRecordLength)));
+            cls->SetClassID(int16_t(i));
+            into.SetClass(int16_t(i), cls);
+            last = int16_t(i);
+            if (file->AtEnd()) break;
+        }
+    } catch (const RuntimeError&) {
+        // A failed read ends the loading; the classes read so far stay.
+    }
+    try {
+        file->Close();
+    } catch (const RuntimeError&) {
+        // Nothing was written, so a failing close loses nothing.
+    }
+    if (last < count) into.SetCount(last);
+}
+
+}  // namespace paginox
