@@ -1,0 +1,76 @@
+#include "tool/Tool.h"
+
+#include <functional>
+#include <map>
+#include <ostream>
+
+#include "tool/ToolCommands.h"
+
+namespace paginox {
+
+namespace {
+
+const char* kUsage =
+    "Usage: paginox-tool [--data DIR] COMMAND [ARGS...]\n"
+    "\n"
+    "Commands:\n"
+    "  classes          the object class catalogue as JSON\n"
+    "  folders          the data folder table and the settings file path\n"
+    "\n"
+    "Options:\n"
+    "  --data DIR       read every definition file from DIR instead of the data folders\n"
+    "  --help           show this help\n"
+    "  --version        show the version\n"
+    "\n"
+    "Exit status: 0 success, 1 failure, 2 usage error.\n";
+
+using Command = std::function<int(const ToolOptions&, std::ostream&)>;
+
+const std::map<std::string, Command>& Commands() {
+    static const std::map<std::string, Command> commands = {
+        {"classes", CommandClasses},
+        {"folders", CommandFolders},
+    };
+    return commands;
+}
+
+}  // namespace
+
+int RunTool(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    ToolOptions options;
+    size_t i = 0;
+    for (; i < args.size() && args[i].starts_with("--"); ++i) {
+        if (args[i] == "--help") {
+            out << kUsage;
+            return kExitOk;
+        }
+        if (args[i] == "--version") {
+            out << "paginox-tool " << PAGINOX_VERSION << '\n';
+            return kExitOk;
+        }
+        if (args[i] == "--data" && i + 1 < args.size()) {
+            options.dataDir = args[++i];
+            continue;
+        }
+        err << "paginox-tool: unknown option " << args[i] << "\n\n" << kUsage;
+        return kExitUsage;
+    }
+    if (i == args.size()) {
+        err << kUsage;
+        return kExitUsage;
+    }
+    auto command = Commands().find(args[i]);
+    if (command == Commands().end()) {
+        err << "paginox-tool: unknown command " << args[i] << "\n\n" << kUsage;
+        return kExitUsage;
+    }
+    options.args.assign(args.begin() + i + 1, args.end());
+    try {
+        return command->second(options, out);
+    } catch (const UsageError& e) {
+        err << "paginox-tool: " << e.message << "\n\n" << kUsage;
+        return kExitUsage;
+    }
+}
+
+}  // namespace paginox

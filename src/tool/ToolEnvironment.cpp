@@ -1,0 +1,68 @@
+#include <filesystem>
+#include <ostream>
+
+#include "core/AnsiText.h"
+#include "model/DefinitionTables.h"
+#include "model/PageObjectClasses.h"
+#include "persist/DefinitionReaders.h"
+#include "persist/DemoEnvironment.h"
+#include "persist/FileIO_OClass.h"
+#include "persist/Folders.h"
+#include "tool/Tool.h"
+#include "tool/ToolCommands.h"
+
+namespace paginox {
+
+namespace {
+
+std::string ProgramFolder() {
+    std::error_code ec;
+    auto exe = std::filesystem::read_symlink("/proc/self/exe", ec);
+    return ec ? std::string(".") : exe.parent_path().string();
+}
+
+// The folder table as start-up fills it: the host's installation, or the demo environment.
+void InitToolFolders() {
+    static bool done = false;
+    if (done) return;
+    InitFolders(FindSampleFolder(ProgramFolder()));
+    done = true;
+}
+
+// Every definition file from one folder, in the order start-up loads them.
+void LoadDefinitionsFrom(const std::string& dir) {
+    std::string folder = PathJoin(dir, kNativeSeparator);
+    Definitions().DefinitionsFolder = folder;
+    InstallDefinitionReaders();
+    ReadRulerships(folder + "rulers2.fil");
+    LoadObjectClasses(folder + "objects.dfn", ObjectClasses());
+    ReadAspectListDefs(folder + "Alist.dfn");
+    ReadPointListDefs(folder + "plist.dfn");
+}
+
+}  // namespace
+
+void LoadToolDefinitions(const ToolOptions& options) {
+    if (options.dataDir) {
+        if (!DirExists(*options.dataDir)) throw UsageError{"no such folder: " + *options.dataDir};
+        LoadDefinitionsFrom(*options.dataDir);
+        return;
+    }
+    InitToolFolders();
+    LoadDefinitions(AppFolders(),
+                    [](const std::string& path) { LoadObjectClasses(path, ObjectClasses()); });
+}
+
+int CommandFolders(const ToolOptions& options, std::ostream& out) {
+    if (!options.args.empty()) throw UsageError{"folders takes no arguments"};
+    InitToolFolders();
+    const Folders& folders = AppFolders();
+    for (int16_t i = 0; i < Folders::kCount; ++i) {
+        out << i << '\t' << folders.Path(i) << '\t' << Cp1252ToUtf8(folders.DisplayName(i))
+            << '\n';
+    }
+    out << "Settings file\t" << folders.SettingsFile() << '\n';
+    return kExitOk;
+}
+
+}  // namespace paginox
