@@ -87,26 +87,6 @@ PageObjectClass ParseRecord(const std::string& bytes) {
     return cls;
 }
 
-// The open routine reports its own "Open Error" and hands back only a failure; this passes
-// that message on unchanged and keeps the error's description for the loader's message.
-class OpenErrorWitness : public MessageService {
-  public:
-    OpenErrorWitness() : next_(Messages()), scope_(*this) {}
-    MsgAnswer Show(const std::string& text, const std::string& title, MsgButtons buttons,
-                   MsgIcon icon) override {
-        // The text ends with a blank line and the system's description of the error.
-        auto blank = text.rfind("\r\n\r\n");
-        if (blank != std::string::npos) description_ = text.substr(blank + 4);
-        return next_.Show(text, title, buttons, icon);
-    }
-    const std::string& Description() const { return description_; }
-
-  private:
-    MessageService& next_;
-    ScopedMessageService scope_;
-    std::string description_;
-};
-
 void ReportReadError(const std::string& path, const std::string& description) {
     ShowMessage(FileErrorText("Error whilst reading file ", path, description));
 }
@@ -114,16 +94,12 @@ void ReportReadError(const std::string& path, const std::string& description) {
 
 void LoadObjectClasses(const std::string& path, PageObjectClasses& into) {
     std::unique_ptr<BinaryFile> file;
-    std::string openError;
-    {
-        OpenErrorWitness witness;
+    try {
         // Record access creates a missing file, which then loads as an empty catalogue.
-        file = OpenFileByKind(path, FileKind::Random);
-        openError = witness.Description();
-    }
-    if (!file) {
+        file = std::make_unique<BinaryFile>(path, FileKind::Random);
+    } catch (const RuntimeError& e) {
         into.SetCount(0);
-        ReportReadError(path, openError);
+        ReportReadError(path, e.Description());
         return;
     }
 
