@@ -1,0 +1,69 @@
+#include "persist/AtomicSave.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <random>
+#include <system_error>
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+#include "core/RuntimeError.h"
+
+namespace paginox {
+
+namespace fs = std::filesystem;
+
+namespace {
+// The temporary file lives in the target's folder, so a missing file there means the folder
+// is missing.
+[[noreturn]] void RaiseCreateError(int err) {
+    Raise(err == ENOENT ? kPathNotFound : ErrorNumberFromErrno(err));
+}
+
+// Sets created once the file exists, so that only a file made here is ever removed.
+void WriteNewFile(const fs::path& temp, const std::string& bytes, bool& created) {
+    // "x": never truncate something that happens to carry the temporary name.
+    std::FILE* f = std::fopen(temp.c_str(), "wbx");
+    if (!f) RaiseCreateError(errno);
+    created = true;
+    bool ok = std::fwrite(bytes.data(), 1, bytes.size(), f) == bytes.size() && std::fflush(f) == 0;
+    int err = errno;
+#ifndef _WIN32
+    // On disk before the rename makes it the only copy.
+    if (ok && fsync(fileno(f)) != 0) ok = false, err = errno;
+#endif
+    if (std::fclose(f) != 0 && ok) ok = false, err = errno;
+    if (!ok) Raise(ErrorNumberFromErrno(err));
+}
+}  // namespace
+
+void SaveFileAtomically(const std::string& path, const std::string& bytes) {
+    if (path.empty()) Raise(kBadFileName);
+    std::error_code ec;
+    fs::path target = path;
+    if (fs::is_symlink(fs::symlink_status(target, ec))) {
+        target = fs::weakly_canonical(target, ec);
+        if (ec) Raise(ErrorNumberFromErrno(ec.value()));
+    }
+    if (fs::is_directory(target, ec)) Raise(kPathFileAccessError);
+
+    std::random_device rd;
+    fs::path temp = target;
+    temp += ".~" + std::to_string(rd()) + ".tmp";
+    bool created = false;
+    try {
+        WriteNewFile(temp, bytes, created);
+        auto old = fs::status(target, ec);
+        if (fs::exists(old)) fs::permissions(temp, old.permissions(), ec);
+        fs::rename(temp, target, ec);
+        if (ec) Raise(ErrorNumberFromErrno(ec.value()));
+    } catch (const RuntimeError&) {
+        if (created) fs::remove(temp, ec);
+        throw;
+    }
+}
+
+}  // namespace paginox

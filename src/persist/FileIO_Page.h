@@ -1,0 +1,35 @@
+#pragma once
+
+// The page layout file (".pag"): one 349-byte header record, then until the end of the file
+// one 34-byte format record per format, each followed by the object records it announces.
+// Version 4 is written; versions 2 and 3 are read too, their object records promoted to
+// version 4 on the way in.
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace paginox {
+
+class PageClass;
+
+inline constexpr int16_t kPageFileVersion = 4;
+inline constexpr size_t kPageHeaderLength = 349;
+inline constexpr size_t kFormatRecordLength = 34;
+
+// The object record length of a file version: 212, 1195 or 1605; 0 for any other version.
+size_t ObjectRecordLength(int16_t version);
+
+// Reads a page. formatIndex < 0 loads every format in full; k > 0 loads format k in full and
+// only the frame fields of the others (their objects are skipped, their slots left empty).
+// A missing file gives nullptr quietly; an unreadable or damaged one gives nullptr after the
+// "Open Error" message when reportErrors. Paths are native (UTF-8).
+std::shared_ptr<PageClass> ReadPage(const std::string& fileName, int16_t formatIndex,
+                                    bool reportErrors);
+
+// Writes the page as version 4, replacing the file only once the whole page is written. False
+// after the "Save Error" message; the old file is then as it was.
+bool SavePage(const std::string& fileName, const PageClass& page);
+
+}  // namespace paginox
