@@ -16,6 +16,13 @@ const char* kUsage =
     "Commands:\n"
     "  classes          the object class catalogue as JSON\n"
     "  folders          the data folder table and the settings file path\n"
+    "  info PAGE        the summary of a page file\n"
+    "  refs PAGE...     the definition files the pages refer to, one per line\n"
+    "  xml PAGE [-o OUT]\n"
+    "                   translates a page to XML (beside PAGE unless OUT is given)\n"
+    "  convert IN OUT   reads a page file of any version and saves it as version 4\n"
+    "  dump PAGE [--format K]\n"
+    "                   the page as JSON, read with format K alone in full (default all)\n"
     "\n"
     "Options:\n"
     "  --data DIR       read every definition file from DIR instead of the data folders\n"
@@ -30,6 +37,11 @@ const std::map<std::string, Command>& Commands() {
     static const std::map<std::string, Command> commands = {
         {"classes", CommandClasses},
         {"folders", CommandFolders},
+        {"info", CommandInfo},
+        {"refs", CommandRefs},
+        {"xml", CommandXml},
+        {"convert", CommandConvert},
+        {"dump", CommandDump},
     };
     return commands;
 }

@@ -2,12 +2,17 @@
 
 // The commands of paginox-tool, each given its own arguments after the command name.
 
+#include <cstdint>
 #include <iosfwd>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace paginox {
+
+class PageClass;
+class RuntimeError;
 
 struct ToolOptions {
     std::optional<std::string> dataDir;  // --data DIR: every definition file from DIR
@@ -22,7 +27,17 @@ struct UsageError {
 // Loads the object class catalogue and the definition lists, from --data or the folders.
 void LoadToolDefinitions(const ToolOptions& options);
 
+// Reads a page for a command, reporting every failure (a missing file too); null on failure.
+std::shared_ptr<PageClass> ReadToolPage(const std::string& path, int16_t formatIndex);
+// Reports a run-time error met while working on a page read from path; the failure status.
+int ReportPageError(const std::string& path, const RuntimeError& e);
+
 int CommandClasses(const ToolOptions& options, std::ostream& out);
 int CommandFolders(const ToolOptions& options, std::ostream& out);
+int CommandInfo(const ToolOptions& options, std::ostream& out);
+int CommandRefs(const ToolOptions& options, std::ostream& out);
+int CommandXml(const ToolOptions& options, std::ostream& out);
+int CommandConvert(const ToolOptions& options, std::ostream& out);
+int CommandDump(const ToolOptions& options, std::ostream& out);
 
 }  // namespace paginox

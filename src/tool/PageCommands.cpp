@@ -1,0 +1,106 @@
+// The page commands: info, refs, xml and convert.
+
+#include <cstdint>
+#include <optional>
+#include <ostream>
+
+#include "core/AnsiText.h"
+#include "core/MessageService.h"
+#include "core/RuntimeError.h"
+#include "model/PageClass.h"
+#include "persist/BinaryFile.h"
+#include "persist/FileIO_Page.h"
+#include "persist/XMLOutPage.h"
+#include "tool/Tool.h"
+#include "tool/ToolCommands.h"
+
+namespace paginox {
+
+namespace {
+void ExpectArgs(const ToolOptions& options, size_t min, size_t max, const std::string& usage) {
+    if (options.args.size() < min || options.args.size() > max) throw UsageError{usage};
+}
+
+// The model's texts and the page file names are Windows-1252; a command line is UTF-8.
+std::string Terminal(const std::string& ansi) {
+    return Cp1252ToUtf8(ansi);
+}
+}  // namespace
+
+std::shared_ptr<PageClass> ReadToolPage(const std::string& path, int16_t formatIndex) {
+    if (!FileExists(path)) {
+        // The reader is quiet about a missing file; the tool says why it stops.
+        OpenFileByKind(path, FileKind::Read);
+        return nullptr;
+    }
+    return ReadPage(path, formatIndex, true);
+}
+
+int ReportPageError(const std::string& path, const RuntimeError& e) {
+    ShowMessage(Utf8ToCp1252(path) + ": " + e.Description(), "paginox-tool", MsgIcon::Critical);
+    return kExitFailure;
+}
+
+int CommandInfo(const ToolOptions& options, std::ostream& out) {
+    ExpectArgs(options, 1, 1, "info takes one page file");
+    const std::string& path = options.args[0];
+    auto page = ReadToolPage(path, -1);
+    if (!page) return kExitFailure;
+    LoadToolDefinitions(options);  // generic file extensions come from the classes
+    try {
+        out << Terminal(page->PageSummary(Utf8ToCp1252(path))) << '\n';
+    } catch (const RuntimeError& e) {
+        return ReportPageError(path, e);
+    }
+    return kExitOk;
+}
+
+int CommandRefs(const ToolOptions& options, std::ostream& out) {
+    ExpectArgs(options, 1, SIZE_MAX, "refs takes one or more page files");
+    LoadToolDefinitions(options);
+    int16_t count = 0;
+    std::vector<std::string> names;
+    for (const std::string& path : options.args) {
+        auto page = ReadToolPage(path, -1);
+        if (!page) return kExitFailure;
+        try {
+            page->PageReferences(count, names);
+        } catch (const RuntimeError& e) {
+            return ReportPageError(path, e);
+        }
+    }
+    for (int16_t i = 0; i < count; ++i) out << Terminal(names[size_t(i)]) << '\n';
+    return kExitOk;
+}
+
+int CommandXml(const ToolOptions& options, std::ostream& out) {
+    const char* usage = "xml takes a page file and optionally -o OUT";
+    ExpectArgs(options, 1, 3, usage);
+    std::optional<std::string> target;
+    if (options.args.size() > 1) {
+        if (options.args.size() != 3 || options.args[1] != "-o") throw UsageError{usage};
+        target = options.args[2];
+    }
+    const std::string& path = options.args[0];
+    auto page = ReadToolPage(path, -1);
+    if (!page) return kExitFailure;
+    LoadToolDefinitions(options);  // the objects' class names
+    std::optional<std::string> written;
+    if (!target) {
+        written = TranslateToXML(path, page.get());
+    } else if (XMLOutPage().WriteToXML(*target, *page)) {
+        written = target;
+    }
+    if (!written) return kExitFailure;
+    out << *written << '\n';
+    return kExitOk;
+}
+
+int CommandConvert(const ToolOptions& options, std::ostream&) {
+    ExpectArgs(options, 2, 2, "convert takes an input and an output page file");
+    auto page = ReadToolPage(options.args[0], -1);
+    if (!page) return kExitFailure;
+    return SavePage(options.args[1], *page) ? kExitOk : kExitFailure;
+}
+
+}  // namespace paginox
