@@ -1,7 +1,7 @@
 // Builds the bundled sample data from the readable sources in data/sources:
 //   paginox-sample-gen SOURCES OUT
-// writes OUT/System (system data folder), OUT/LocalAppData and OUT/User Files, laid out the
-// way the demo environment copies them.
+// writes OUT/System (system data folder), OUT/LocalAppData and OUT/User Files (with the
+// sample pages), laid out the way the demo environment copies them.
 
 #include <filesystem>
 #include <fstream>
@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "SamplePages.h"
 #include "core/AnsiText.h"
 #include "persist/ByteStream.h"
 
@@ -144,7 +145,7 @@ int main(int argc, char** argv) {
             WriteBytes(local / list, ReadText(src / list));
             WriteBytes(system / list, ReadText(src / list));
         }
-        fs::create_directories(out / "User Files" / "Pages");
+        sample::WriteSamplePages(system, out / "User Files" / "Pages");
     } catch (const std::exception& e) {
         std::cerr << "paginox-sample-gen: " << e.what() << '\n';
         return 1;

@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+
+#include "model/PageClass.h"
+#include "model/PageFormat.h"
+#include "model/PageObject.h"
+#include "model/PageObjectClasses.h"
+#include "persist/DemoEnvironment.h"
+#include "persist/FakeSpecialFolders.h"
+#include "persist/FileIO_OClass.h"
+#include "persist/FileIO_Page.h"
+#include "persist/Folders.h"
+#include "support/RecordingMessages.h"
+#include "support/TempDir.h"
+
+using namespace paginox;
+namespace fs = std::filesystem;
+
+namespace {
+const std::string kPages = std::string(PAGINOX_SAMPLE_DIR) + "/User Files/Pages/";
+
+std::vector<std::string> SamplePageFiles() {
+    std::vector<std::string> files;
+    for (const auto& e : fs::directory_iterator(kPages)) {
+        if (e.path().extension() == ".pag") files.push_back(e.path().string());
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+uint32_t Le(const std::string& b, size_t at, int n) {
+    uint32_t v = 0;
+    for (int i = n - 1; i >= 0; --i) v = (v << 8) | uint8_t(b[at + size_t(i)]);
+    return v;
+}
+}  // namespace
+
+TEST(SamplePages, RoundTripByteForByte) {
+    test::TempDir dir;
+    test::RecordingMessages messages;
+    auto files = SamplePageFiles();
+    ASSERT_GE(files.size(), 6u);
+    for (const std::string& file : files) {
+        auto page = ReadPage(file, -1, true);
+        ASSERT_TRUE(page) << file;
+        EXPECT_EQ(page->ReadVersion(), 4);
+        ASSERT_TRUE(SavePage(dir / "copy.pag", *page));
+        EXPECT_EQ(test::ReadAll(dir / "copy.pag"), test::ReadAll(file)) << file;
+    }
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST(SamplePages, CoverChartsShapesListsPicturesAndFormats) {
+    PageObjectClasses classes;
+    LoadObjectClasses(std::string(PAGINOX_SAMPLE_DIR) + "/System/objects.dfn", classes);
+    std::set<int16_t> shapes, charts;
+    int screens = 0, printers = 0, lists = 0, pictures = 0;
+    for (const std::string& file : SamplePageFiles()) {
+        auto page = ReadPage(file, -1, false);
+        ASSERT_TRUE(page);
+        charts.insert(page->NumCharts());
+        for (int16_t k = 1; k <= page->NumFormats(); ++k) {
+            const PageFormat& f = *page->GetFormat(k);
+            ++(f.ForPrinter() ? printers : screens);
+            for (int16_t i = 1; i <= f.NumObjects(); ++i) {
+                const PageObject& o = *f.Object(i);
+                const PageObjectClass& c = *classes.Class(o.ObjectClassID());
+                shapes.insert(c.Shape());
+                lists += o.PL_Columns(1) != 0 && o.PL_Columns(2) != 0;
+                if (c.ObjectType() == 18) {
+                    ++pictures;
+                    // The picture sits beside the page: a 64 x 64, 24-bit bitmap.
+                    std::string bmp = test::ReadAll(kPages + o.GenericFile());
+                    ASSERT_EQ(bmp.size(), 54u + 64 * 64 * 3) << o.GenericFile();
+                    EXPECT_EQ(bmp.substr(0, 2), "BM");
+                    EXPECT_EQ(Le(bmp, 2, 4), bmp.size());
+                    EXPECT_EQ(Le(bmp, 10, 4), 54u);
+                    EXPECT_EQ(Le(bmp, 18, 4), 64u);
+                    EXPECT_EQ(Le(bmp, 28, 2), 24u);
+                }
+            }
+        }
+    }
+    EXPECT_EQ(shapes, (std::set<int16_t>{0, 1, 2}));
+    EXPECT_TRUE(charts.count(1));
+    EXPECT_GE(*charts.rbegin(), 2);
+    EXPECT_GE(screens, 2);
+    EXPECT_GE(printers, 1);
+    EXPECT_GT(lists, 0);
+    EXPECT_GT(pictures, 0);
+}
+
+TEST(SamplePages, ArriveInTheDemoPagesFolder) {
+    test::TempDir dir;
+    auto real = std::make_shared<test::FakeSpecialFolders>(dir / "home", '/');
+    FolderEnvironment env = PrepareFolderEnvironment(real, PAGINOX_SAMPLE_DIR);
+    ASSERT_TRUE(env.UsingDemoData);
+    Folders folders;
+    folders.FindFolders(2, *env.Special, '/');
+    for (const std::string& file : SamplePageFiles()) {
+        std::string copy = folders.Path(kPagesFolder) + fs::path(file).filename().string();
+        EXPECT_EQ(test::ReadAll(copy), test::ReadAll(file)) << copy;
+    }
+    EXPECT_TRUE(fs::exists(folders.Path(kPagesFolder) + "Sunburst.bmp"));
+}
