@@ -1,0 +1,196 @@
+#include "render/QtSurface.h"
+
+#include <QImage>
+#include <QPaintDevice>
+#include <QPainter>
+#include <QPixmap>
+#include <QPolygon>
+#include <algorithm>
+#include <cmath>
+
+#include "core/AnsiText.h"
+
+namespace paginox {
+
+namespace {
+
+// One text line per this many pixels of the page's width (or of its height seen as a 4:3
+// page), within readable bounds.
+constexpr double kPixelsPerFontPixel = 60.0;
+constexpr int kMinFontPixels = 7;
+constexpr int kMaxFontPixels = 200;
+
+QColor ToQColor(int32_t c) {
+    return QColor(RedOf(c), GreenOf(c), BlueOf(c));
+}
+
+Qt::PenStyle PenStyleFor(int16_t drawStyle) {
+    switch (drawStyle) {
+        case kLineDash:
+            return Qt::DashLine;
+        case kLineDot:
+            return Qt::DotLine;
+        case kLineDashDot:
+            return Qt::DashDotLine;
+        case kLineDashDotDot:
+            return Qt::DashDotDotLine;
+        case kLineInvisible:
+            return Qt::NoPen;
+        default:
+            return Qt::SolidLine;
+    }
+}
+
+// The rectangle between two corners, both inside, whichever way round they come.
+QRect Between(int32_t x1, int32_t y1, int32_t x2, int32_t y2) {
+    return QRect(QPoint(std::min(x1, x2), std::min(y1, y2)),
+                 QPoint(std::max(x1, x2), std::max(y1, y2)));
+}
+
+// The device's size in logical pixels. Images and pixmaps count their pixels physically and
+// carry a device pixel ratio; widgets and printers already measure logically.
+QSizeF LogicalSize(QPaintDevice& device) {
+    if (auto* image = dynamic_cast<QImage*>(&device)) return image->deviceIndependentSize();
+    if (auto* pixmap = dynamic_cast<QPixmap*>(&device)) return pixmap->deviceIndependentSize();
+    return QSizeF(device.width(), device.height());
+}
+
+QString ToQString(const std::string& ansi) {
+    return QString::fromStdString(Cp1252ToUtf8(ansi));
+}
+
+}  // namespace
+
+QtSurface::QtSurface(QPaintDevice& device) : own_(std::make_unique<QPainter>(&device)) {
+    painter_ = own_.get();
+    QSizeF logical = LogicalSize(device);
+    scale_.InitTo(0, 0, static_cast<int32_t>(std::lround(logical.width())),
+                  static_cast<int32_t>(std::lround(logical.height())));
+    Init();
+}
+
+QtSurface::QtSurface(QPainter& painter, const RectClass& scale)
+    : painter_(&painter), scale_(scale) {
+    Init();
+}
+
+QtSurface::~QtSurface() = default;
+
+void QtSurface::Init() {
+    font_.setFamily("Sans Serif");
+    font_.setStyleHint(QFont::SansSerif);
+    SetFontPixelSize(FontPixelSizeFor(scale_));
+    painter_->setRenderHint(QPainter::TextAntialiasing, true);
+}
+
+int QtSurface::FontPixelSizeFor(const RectClass& scale) {
+    double extent = std::min<double>(scale.Width(), scale.Height() * 4.0 / 3.0);
+    int pixels = static_cast<int>(std::lround(extent / kPixelsPerFontPixel));
+    return std::clamp(pixels, kMinFontPixels, kMaxFontPixels);
+}
+
+void QtSurface::SetFontPixelSize(int pixels) {
+    font_.setPixelSize(std::max(pixels, 1));
+    painter_->setFont(font_);
+    metrics_ = std::make_unique<QFontMetricsF>(font_, painter_->device());
+}
+
+void QtSurface::UsePen(int32_t colour) {
+    QPen pen(ToQColor(colour));
+    pen.setStyle(PenStyleFor(DrawStyle()));
+    pen.setWidth(std::max<int>(DrawWidth(), 1));
+    painter_->setPen(pen);
+}
+
+void QtSurface::UseBrush(bool filled) {
+    if (filled && FillStyle() == kFillSolid) {
+        painter_->setBrush(ToQColor(FillColor()));
+    } else {
+        painter_->setBrush(Qt::NoBrush);
+    }
+}
+
+void QtSurface::UseAntialiasing(bool on) {
+    painter_->setRenderHint(QPainter::Antialiasing, on);
+}
+
+void QtSurface::Clear() {
+    painter_->fillRect(QRect(scale_.Left(), scale_.Top(), scale_.Width(), scale_.Height()),
+                       ToQColor(BackColor()));
+    SetCurrentX(static_cast<float>(scale_.Left()));
+    SetCurrentY(static_cast<float>(scale_.Top()));
+}
+
+float QtSurface::TextWidth(const std::string& text) {
+    return static_cast<float>(metrics_->horizontalAdvance(ToQString(text)));
+}
+
+float QtSurface::TextHeight(const std::string&) {
+    return static_cast<float>(metrics_->height());
+}
+
+void QtSurface::Print(const std::string& text) {
+    if (!text.empty()) {
+        UseAntialiasing(false);
+        painter_->setPen(ToQColor(ForeColor()));
+        if (BackMode() == kBackOpaque) {
+            painter_->setBackgroundMode(Qt::OpaqueMode);
+            painter_->setBackground(ToQColor(BackColor()));
+        } else {
+            painter_->setBackgroundMode(Qt::TransparentMode);
+        }
+        painter_->drawText(QPointF(CurrentX(), CurrentY() + metrics_->ascent()), ToQString(text));
+    }
+    float height = TextHeight(text);
+    SetCurrentX(static_cast<float>(scale_.Left()));
+    SetCurrentY(CurrentY() + height);
+}
+
+void QtSurface::Line(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t colour) {
+    UseAntialiasing(false);
+    UsePen(colour);
+    painter_->drawLine(x1, y1, x2, y2);
+}
+
+void QtSurface::DrawBox(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t colour,
+                        BoxFill fill) {
+    UseAntialiasing(false);
+    QRect area = Between(x1, y1, x2, y2);
+    if (fill == BoxFill::Solid) {
+        painter_->fillRect(area, ToQColor(colour));
+        return;
+    }
+    UsePen(colour);
+    UseBrush(fill == BoxFill::CurrentFill);
+    // An aliased outline of a w-wide rectangle covers w + 1 pixels: both corners inside.
+    painter_->drawRect(area.adjusted(0, 0, -1, -1));
+}
+
+void QtSurface::DrawCircle(int32_t cx, int32_t cy, double r, int32_t colour, bool filled) {
+    UseAntialiasing(true);
+    UsePen(colour);
+    UseBrush(filled);
+    // Pixel centres sit half a pixel in: this puts a thin smoothed ring where the aliased
+    // boxes and lines would put it, rather than smeared over two pixels.
+    double shift = DrawWidth() % 2 == 1 ? 0.5 : 0.0;
+    painter_->drawEllipse(QPointF(cx + shift, cy + shift), r, r);
+}
+
+void QtSurface::Polygon(const std::vector<SurfacePoint>& points) {
+    UseAntialiasing(true);
+    UsePen(ForeColor());
+    UseBrush(true);
+    double shift = DrawWidth() % 2 == 1 ? 0.5 : 0.0;
+    QPolygonF polygon;
+    polygon.reserve(static_cast<qsizetype>(points.size()));
+    for (const SurfacePoint& p : points) polygon << QPointF(p.X + shift, p.Y + shift);
+    painter_->drawPolygon(polygon);
+}
+
+void QtSurface::StretchImage(const QImage& image, const RectClass& dest, int16_t stretchMode) {
+    if (image.isNull() || dest.IsEmpty()) return;
+    painter_->setRenderHint(QPainter::SmoothPixmapTransform, stretchMode == kStretchHalftone);
+    painter_->drawImage(QRect(dest.Left(), dest.Top(), dest.Width(), dest.Height()), image);
+}
+
+}  // namespace paginox

@@ -1,0 +1,62 @@
+#pragma once
+
+// The drawing surface over a QPainter: on a QImage, QPixmap, widget or printer. Coordinates
+// are logical pixels, so an image with a device pixel ratio of 2 is drawn at twice the detail
+// with the same geometry. Text is a sans-serif font whose size follows the surface.
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <memory>
+
+#include "render/DrawingSurface.h"
+
+class QPaintDevice;
+class QPainter;
+
+namespace paginox {
+
+class QtSurface : public DrawingSurface {
+  public:
+    // Paints on the device with a painter of its own, over the device's whole logical area.
+    explicit QtSurface(QPaintDevice& device);
+    // Paints with the caller's painter (a widget's paint event, a printer page) over scale.
+    QtSurface(QPainter& painter, const RectClass& scale);
+    ~QtSurface() override;
+    QtSurface(const QtSurface&) = delete;
+    QtSurface& operator=(const QtSurface&) = delete;
+
+    // The text size in pixels for a surface: a fixed share of the page so that labels keep
+    // their proportion to the objects from a thumbnail to a full screen, and never so small
+    // that a thumbnail's labels become specks.
+    static int FontPixelSizeFor(const RectClass& scale);
+    // Overrides the size that follows the surface (the editor may want a steady size).
+    void SetFontPixelSize(int pixels);
+    const QFont& Font() const { return font_; }
+
+    RectClass Scale() const override { return scale_; }
+    void Clear() override;
+    float TextWidth(const std::string& text) override;
+    float TextHeight(const std::string& text) override;
+    void Print(const std::string& text) override;
+    void Line(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t colour) override;
+    void DrawBox(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t colour,
+                 BoxFill fill) override;
+    void DrawCircle(int32_t cx, int32_t cy, double r, int32_t colour, bool filled) override;
+    void Polygon(const std::vector<SurfacePoint>& points) override;
+    void StretchImage(const QImage& image, const RectClass& dest, int16_t stretchMode) override;
+
+  private:
+    void Init();
+    // The pen of the current line style and width in colour; the brush of the current fill.
+    void UsePen(int32_t colour);
+    void UseBrush(bool filled);
+    void UseAntialiasing(bool on);
+
+    std::unique_ptr<QPainter> own_;
+    QPainter* painter_ = nullptr;
+    RectClass scale_;
+    QFont font_;
+    std::unique_ptr<QFontMetricsF> metrics_;
+};
+
+}  // namespace paginox

@@ -1,0 +1,131 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+#include "model/ModelState.h"
+#include "model/PageFormat.h"
+#include "render/PageDraw.h"
+#include "render/PreviewRefresh.h"
+#include "render/QtSurface.h"
+#include "render/SelectionMarkSet.h"
+#include "support/GuiApplication.h"
+
+using namespace paginox;
+
+namespace {
+QColor At(const QImage& image, int x, int y) {
+    return image.pixelColor(x, y);
+}
+const QColor kGrey(192, 192, 192);
+
+// Pixels of the image inside and outside a rectangle that differ from the background.
+std::pair<int, int> InkInsideAndOutside(const QImage& image, const QRectF& area) {
+    int inside = 0;
+    int outside = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (At(image, x, y) == kGrey) continue;
+            (area.contains(x + 0.5, y + 0.5) ? inside : outside)++;
+        }
+    }
+    return {inside, outside};
+}
+}  // namespace
+
+TEST(QtSurface, ShapesAndTextLandOnTheirPixels) {
+    test::EnsureGuiApplication();
+    QImage image(200, 100, QImage::Format_RGB32);
+    QtSurface s(image);
+    EXPECT_EQ(s.Scale().ToString(), "(0,0)-(200,100)");
+    s.SetBackColor(Rgb(192, 192, 192));
+    s.Clear();
+
+    s.DrawBox(10, 10, 14, 14, Rgb(255, 0, 0), BoxFill::Solid);  // five pixels square
+    EXPECT_EQ(At(image, 10, 10), QColor(255, 0, 0));
+    EXPECT_EQ(At(image, 14, 14), QColor(255, 0, 0));
+    EXPECT_EQ(At(image, 15, 14), kGrey);
+    EXPECT_EQ(At(image, 9, 10), kGrey);
+
+    s.SetFillStyle(kFillSolid);
+    s.SetFillColor(Rgb(0, 255, 0));
+    s.DrawBox(20, 10, 30, 20, Rgb(0, 0, 0), BoxFill::CurrentFill);
+    EXPECT_EQ(At(image, 20, 10), QColor(0, 0, 0));
+    EXPECT_EQ(At(image, 30, 20), QColor(0, 0, 0));
+    EXPECT_EQ(At(image, 31, 20), kGrey);
+    EXPECT_EQ(At(image, 25, 15), QColor(0, 255, 0));
+
+    s.DrawCircle(100, 50, 20, Rgb(0, 0, 0), true);
+    EXPECT_EQ(At(image, 100, 50), QColor(0, 255, 0));
+    EXPECT_EQ(At(image, 100, 25), kGrey);
+    EXPECT_LT(At(image, 120, 50).lightness(), 128);  // on the ring
+
+    s.SetDrawStyle(kLineDot);
+    s.Line(50, 0, 50, 99, Rgb(0, 0, 0));
+    int black = 0;
+    for (int y = 0; y < 100; ++y) black += At(image, 50, y) == QColor(0, 0, 0);
+    EXPECT_GT(black, 20);
+    EXPECT_LT(black, 80);
+
+    QImage text(200, 100, QImage::Format_RGB32);
+    QtSurface t(text);
+    t.SetBackColor(Rgb(192, 192, 192));
+    t.Clear();
+    t.SetForeColor(Rgb(0, 0, 255));
+    t.SetCurrentX(30);
+    t.SetCurrentY(20);
+    float width = t.TextWidth("Chart Wheel");
+    float height = t.TextHeight("Chart Wheel");
+    t.Print("Chart Wheel");
+    EXPECT_EQ(t.CurrentX(), 0);
+    EXPECT_EQ(t.CurrentY(), 20 + height);
+    auto [inside, outside] = InkInsideAndOutside(text, QRectF(30, 20, width, height));
+    EXPECT_GT(inside, 30);
+    EXPECT_EQ(outside, 0);
+}
+
+TEST(QtSurface, DoubleDevicePixelRatioKeepsTheGeometry) {
+    test::EnsureGuiApplication();
+    QImage single(200, 100, QImage::Format_RGB32);
+    QImage twice(400, 200, QImage::Format_RGB32);
+    twice.fill(Qt::white);
+    twice.setDevicePixelRatio(2);
+    QtSurface one(single);
+    QtSurface two(twice);
+    EXPECT_EQ(two.Scale().ToString(), "(0,0)-(200,100)");
+    EXPECT_EQ(one.TextHeight("x"), two.TextHeight("x"));
+    EXPECT_NEAR(one.TextWidth("Single Chart Wheel"), two.TextWidth("Single Chart Wheel"), 2);
+
+    two.DrawBox(10, 10, 14, 14, Rgb(255, 0, 0), BoxFill::Solid);  // read back physically
+    EXPECT_EQ(At(twice, 20, 20), QColor(255, 0, 0));
+    EXPECT_EQ(At(twice, 29, 29), QColor(255, 0, 0));
+    EXPECT_NE(At(twice, 30, 29), QColor(255, 0, 0));
+
+    // Text keeps its share of the page; a thumbnail's stays legible.
+    RectClass screen;
+    screen.InitTo(0, 0, 800, 600);
+    RectClass big;
+    big.InitTo(0, 0, 1600, 1200);
+    RectClass thumb;
+    thumb.InitTo(0, 0, 160, 120);
+    EXPECT_NEAR(QtSurface::FontPixelSizeFor(big), 2 * QtSurface::FontPixelSizeFor(screen), 1);
+    EXPECT_GE(QtSurface::FontPixelSizeFor(thumb), 7);
+}
+
+TEST(QtSurface, PreviewShowsShadowPageAndGreyObject) {
+    test::EnsureGuiApplication();
+    test::ScopedModelState state;
+    auto cls = state.AddClass();
+    cls->SetShape(kShapeBox);
+    PageFormat format;
+    format.AddObject(cls->CreateInstance(nullptr));
+    QImage image(800, 600, QImage::Format_RGB32);
+    QtSurface s(image);
+    PreviewRects rects;
+    SelectionMarkSet marks;
+    RefreshPreview(s, 1, &format, false, 0, rects, marks);
+    EXPECT_EQ(At(image, 5, 5), kGrey);                      // around the page
+    EXPECT_EQ(At(image, 770, 580), QColor(128, 128, 128));  // shadow
+    EXPECT_EQ(At(image, 40, 300), QColor(0, 0, 0));         // page outline
+    EXPECT_EQ(At(image, 100, 300), QColor(255, 255, 255));  // page
+    EXPECT_EQ(At(image, 400, 300), QColor(224, 224, 224));  // the object
+}

@@ -1,0 +1,79 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "model/ModelState.h"
+#include "model/PageFormat.h"
+#include "model/PageObject.h"
+#include "render/PageDraw.h"
+#include "render/PreviewRefresh.h"
+#include "render/SelectionMarkSet.h"
+#include "support/RecordingSurface.h"
+
+using namespace paginox;
+using test::RecordingSurface;
+using ::testing::ElementsAre;
+
+namespace {
+std::string Marks(const SelectionMarkSet& m) {
+    std::string s;
+    for (int16_t i = 1; i <= m.Count(); ++i) {
+        s += "(" + std::to_string(m.X(i)) + "," + std::to_string(m.Y(i)) + ")" +
+             std::to_string(m.Pos(i)) + " ";
+    }
+    return s;
+}
+}  // namespace
+
+TEST(SelectionMarks, HandlesPerShapeAndTheirSquares) {
+    RectClass r;
+    r.InitTo(10, 20, 101, 51);  // centre (60, 45)
+    SelectionMarkSet marks;
+    marks.PlaceFor(r, kShapeTriangle);
+    EXPECT_EQ(Marks(marks), "(10,45)7 (60,71)5 (60,45)6 ");
+    marks.PlaceFor(r, kShapeCircle);
+    EXPECT_EQ(Marks(marks), "(10,45)2 (60,71)5 (111,45)3 (60,20)4 ");
+    EXPECT_THROW(marks.X(5), RuntimeError);
+    EXPECT_THROW(marks.Pos(0), RuntimeError);
+
+    RecordingSurface s;
+    s.SetForeColor(Rgb(1, 2, 3));
+    s.SetDrawStyle(kLineDot);
+    s.calls.clear();
+    marks.Clear();
+    marks.Add(10, 20, kHandleLeft);
+    marks.Draw(s);
+    EXPECT_THAT(s.calls, ElementsAre("DrawStyle 0", "Box (8,18)-(12,22) rgb(1,2,3) solid"));
+}
+
+TEST(SelectionMarks, RefreshDrawsMarksOnlyBelowTheLastObject) {
+    test::ScopedModelState state;
+    auto box = state.AddClass();
+    PageFormat format;
+    for (int k = 0; k < 3; ++k) format.AddObject(box->CreateInstance(nullptr));
+    PreviewRects rects;
+    SelectionMarkSet marks;
+
+    auto refresh = [&](int16_t selected) {
+        RecordingSurface s;
+        RefreshPreview(s, 1, &format, false, selected, rects, marks);
+        return s;
+    };
+    RecordingSurface first = refresh(1);
+    EXPECT_THAT(std::vector<std::string>(first.calls.begin(), first.calls.begin() + 2),
+                ElementsAre("BackColor rgb(192,192,192)", "Clear rgb(192,192,192)"));
+    // The squares take the light grey the margin frame left.
+    EXPECT_EQ(first.Matching("Box").size(), 2u + 3 + 1 + 4);  // shadow, page, objects, frame, marks
+    EXPECT_EQ(first.calls.back(), "Box (398,192)-(402,196) rgb(192,192,192) solid");
+    EXPECT_EQ(marks.Count(), 4);
+
+    marks.Clear();
+    marks.Add(1, 1, kHandleTop);
+    for (int16_t selected : {0, 3}) {  // none, and the last object: strict on purpose
+        RecordingSurface s = refresh(selected);
+        EXPECT_EQ(s.calls.back(), "Box (47,35)-(753,565) rgb(192,192,192) unfilled");
+        EXPECT_EQ(Marks(marks), "(1,1)4 ");
+    }
+    RecordingSurface none;
+    RefreshPreview(none, 1, nullptr, true, 1, rects, marks);
+    EXPECT_TRUE(none.calls.empty());
+}
