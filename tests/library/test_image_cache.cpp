@@ -1,0 +1,189 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+
+#include "library/ImageCache.h"
+#include "model/ModelState.h"
+#include "model/PageClass.h"
+#include "model/PageFormat.h"
+#include "model/PageObject.h"
+#include "persist/BinaryFile.h"
+#include "persist/FakeSpecialFolders.h"
+#include "persist/FileIO_Page.h"
+#include "render/ImageDraw.h"
+#include "render/PageDraw.h"
+#include "render/PictureCache.h"
+#include "support/GuiApplication.h"
+#include "support/RecordingSurface.h"
+#include "support/ScopedAppFolders.h"
+
+using namespace paginox;
+namespace fs = std::filesystem;
+using std::chrono::seconds;
+
+namespace {
+
+void WriteFile(const std::string& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+// Records what it is asked to make and writes a small file in its place.
+struct FakeMaker {
+    std::vector<std::string> made;
+    BitmapMaker Maker() {
+        return [this](const std::string& source, int32_t w, int32_t h, const std::string& target) {
+            made.push_back(source + " " + std::to_string(w) + "x" + std::to_string(h));
+            WriteFile(target, "BM");
+            return true;
+        };
+    }
+};
+
+// Sets a file's time to a whole second plus a fraction, so that tests can put two files in
+// the same second or in successive ones.
+void SetTime(const std::string& path, int second, int millis = 0) {
+    fs::file_time_type base = fs::file_time_type::clock::now();
+    base = std::chrono::floor<seconds>(base) - seconds(1000);
+    fs::last_write_time(path, base + seconds(second) + std::chrono::milliseconds(millis));
+}
+
+std::vector<std::string> CacheFiles(const ImageCache& cache) {
+    std::vector<std::string> names;
+    for (const auto& e : fs::directory_iterator(cache.CacheDir())) {
+        names.push_back(e.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+}  // namespace
+
+TEST(ImageCache, NamesWithEitherSeparator) {
+    Folders saved = AppFolders();
+    AppFolders().FindFolders(0, test::FakeSpecialFolders("C:", '\\'), '\\');
+    ImageCache windows(nullptr, '\\');
+    EXPECT_EQ(windows.CacheDir(), "C:\\Local\\Quillon\\Veltrane\\v9\\ImageCache\\");
+    EXPECT_EQ(windows.GetCacheName("C:\\Pages\\A.pag", 120, 90),
+              windows.CacheDir() + "C__Pages_A.pag_120x90.bmp");
+    AppFolders().FindFolders(0, test::FakeSpecialFolders("/home/u", '/'), '/');
+    ImageCache native(nullptr, '/');
+    EXPECT_EQ(native.CacheDir(), "/home/u/Local/Quillon/Veltrane/v9/ImageCache/");
+    EXPECT_EQ(native.GetCacheName("/p/My Pages/B:1.pag", 160, 120),
+              native.CacheDir() + "_p_My Pages_B_1.pag_160x120.bmp");
+    AppFolders() = saved;
+}
+
+TEST(ImageCache, FreshOnlyWhenStrictlyNewerAndMadeOnlyWhereAllowed) {
+    test::ScopedAppFolders folders;
+    FakeMaker fake;
+    ImageCache cache(fake.Maker(), '/');
+    std::string page = folders.Dir().Write("A.pag", "page");
+
+    // No folder yet: nothing is made, and CreateCache does not make the folder.
+    EXPECT_FALSE(cache.CreateCache(page, 120, 90));
+    EXPECT_FALSE(DirExists(cache.CacheDir()));
+    EXPECT_TRUE(cache.PrepareForCaching());
+    EXPECT_TRUE(DirExists(cache.CacheDir()));
+    EXPECT_FALSE(cache.CreateCache(folders.Dir() / "missing.pag", 120, 90));
+    EXPECT_TRUE(fake.made.empty());
+
+    EXPECT_FALSE(cache.Contains(page, 120, 90));
+    EXPECT_TRUE(cache.CreateCache(page, 120, 90));
+    EXPECT_EQ(fake.made, std::vector<std::string>{page + " 120x90"});
+    std::string name = cache.GetCacheName(page, 120, 90);
+
+    SetTime(page, 10, 100);
+    SetTime(name, 10, 900);  // later, but in the same second: stale
+    EXPECT_FALSE(cache.Contains(page, 120, 90));
+    SetTime(name, 11);
+    EXPECT_TRUE(cache.Contains(page, 120, 90));
+    EXPECT_FALSE(cache.Contains(page, 160, 120));  // another size is another file
+    SetTime(page, 12);                             // the page was touched
+    EXPECT_FALSE(cache.Contains(page, 120, 90));
+
+    cache.ClearCache(page, 120, 90);
+    EXPECT_FALSE(FileExists(name));
+}
+
+TEST(ImageCache, ClearCachesKeepsTheColonWhileClearAllTakesEveryBitmap) {
+    test::ScopedAppFolders folders;
+    FakeMaker fake;
+    ImageCache cache(fake.Maker(), '/');
+    ASSERT_TRUE(cache.PrepareForCaching());
+    auto make = [&](const std::string& page, int w) {
+        WriteFile(cache.GetCacheName(page, w, w), "BM");
+    };
+    for (int w : {10, 20}) {
+        make("/p/A.pag", w);
+        make("/p/A.pag_old/B.pag", w);  // escaped, it begins like A.pag's names
+        make("/p/AB.pag", w);
+        make("/d:/p/C.pag", w);
+    }
+    WriteFile(cache.CacheDir() + "notes.txt", "keep");
+
+    cache.ClearCaches("/p/A.pag");     // every size, and the page whose name merely begins alike
+    cache.ClearCaches("/d:/p/C.pag");  // the colon stays in the pattern: nothing matches
+    EXPECT_EQ(CacheFiles(cache), (std::vector<std::string>{
+                                     "_d__p_C.pag_10x10.bmp", "_d__p_C.pag_20x20.bmp",
+                                     "_p_AB.pag_10x10.bmp", "_p_AB.pag_20x20.bmp", "notes.txt"}));
+    cache.ClearAllCaches();
+    EXPECT_EQ(CacheFiles(cache), std::vector<std::string>{"notes.txt"});
+}
+
+TEST(ImageCache, ThumbnailsOfPagesAndPicturesAndGraphicsDrawnFromThem) {
+    test::EnsureGuiApplication();
+    test::ScopedAppFolders folders;
+    test::ScopedModelState state;
+    ForgetPictures();
+    auto graphic = state.AddClass(kOCUGraphicFile);
+    graphic->SetObjectType(kGraphicObjectType);
+    auto box = state.AddClass();
+
+    QImage red(8, 8, QImage::Format_RGB32);
+    red.fill(QColor(255, 0, 0));
+    std::string picture = folders.Dir() / "logo.png";
+    ASSERT_TRUE(red.save(QString::fromStdString(picture), "PNG"));
+
+    PageClass page;
+    page.InitNewPage();
+    auto obj = graphic->CreateInstance(nullptr);
+    obj->SetGenericFile(picture);
+    page.GetFormat(1)->AddObject(obj);
+    auto corner = box->CreateInstance(nullptr);
+    corner->SetOrigin(1, 0);
+    corner->SetOrigin(2, 0);
+    corner->SetLength(1, 0.1f);
+    corner->SetLength(2, 0.1f);
+    page.GetFormat(1)->AddObject(corner);
+    std::string pageFile = folders.Dir() / "P.pag";
+    ASSERT_TRUE(SavePage(pageFile, page));
+
+    ImageCache cache;
+    ASSERT_TRUE(cache.PrepareForCaching());
+    ScopedPictureCache installed(&cache);
+    ASSERT_TRUE(cache.CreateCache(pageFile, 160, 120));
+    QImage thumb(QString::fromStdString(cache.GetCacheName(pageFile, 160, 120)), "BMP");
+    ASSERT_EQ(thumb.size(), QSize(160, 120));
+    EXPECT_EQ(thumb.pixelColor(80, 60), QColor(255, 0, 0));      // the picture, not its outline
+    EXPECT_EQ(thumb.pixelColor(10, 10), QColor(224, 224, 224));  // the box in the corner
+    EXPECT_EQ(thumb.pixelColor(150, 110), QColor(255, 255, 255));
+    // On the way the graphic was cached at its size on the thumbnail, 62 x 47.
+    std::string cached = cache.GetCacheName(picture, 62, 47);
+    ASSERT_TRUE(FileExists(cached));
+
+    // Drawn again at that size, the graphic comes from its cached bitmap.
+    SetTime(picture, 0);
+    SetTime(cached, 1);
+    PictureReads before = PictureReadCounts();
+    test::RecordingSurface s(160, 120);
+    RectClass r;
+    r.InitTo(49, 36, 62, 47);
+    for (int redraw = 0; redraw < 2; ++redraw) EXPECT_TRUE(DrawGraphicObject(s, *obj, r));
+    EXPECT_EQ(s.calls.front(), "Image 62x47 into (49,36)-(111,83) mode 4");
+    EXPECT_EQ(PictureReadCounts().Conversions, before.Conversions);
+    EXPECT_EQ(PictureReadCounts().BitmapReads, before.BitmapReads + 1);
+    ForgetPictures();
+}
