@@ -91,9 +91,13 @@ const RectClass& PreviewRects::Object(int16_t k) const {
 }
 
 RectClass PageRect(const RectClass& surfaceRect, const PageFormat& format, bool interactive) {
+    // A rectangle covers both its edges, so the most a w-pixel area holds is w - 1 wide: the
+    // page's right and bottom outline stay on the surface.
+    int32_t areaWidth = std::max(CheckedSub(surfaceRect.Width(), 1), 0);
+    int32_t areaHeight = std::max(CheckedSub(surfaceRect.Height(), 1), 0);
     double share = interactive ? kInteractiveShare : 1.0;
-    double width = surfaceRect.Width() * share;
-    double height = surfaceRect.Height() * share;
+    double width = areaWidth * share;
+    double height = areaHeight * share;
     double ratio = format.YRatio();
     // No usable ratio takes the available area's own proportions.
     if (ratio > 0) {
@@ -106,8 +110,8 @@ RectClass PageRect(const RectClass& surfaceRect, const PageFormat& format, bool 
     int32_t w = ToInt32(width);
     int32_t h = ToInt32(height);
     RectClass page;
-    page.InitTo(CheckedAdd(surfaceRect.Left(), CheckedSub(surfaceRect.Width(), w) / 2),
-                CheckedAdd(surfaceRect.Top(), CheckedSub(surfaceRect.Height(), h) / 2), w, h);
+    page.InitTo(CheckedAdd(surfaceRect.Left(), CheckedSub(areaWidth, w) / 2),
+                CheckedAdd(surfaceRect.Top(), CheckedSub(areaHeight, h) / 2), w, h);
     return page;
 }
 

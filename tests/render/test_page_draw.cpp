@@ -161,7 +161,7 @@ TEST(PageDraw, NamesAreCentredAndRaisedForChartLabels) {
         one.Matching("Print"),
         ElementsAre("Print 'Wheel' at 385,295 rgb(0,0,255)", "Print '' at 400,305 rgb(0,0,255)",
                     "Print 'Corner' at 12,74 rgb(0,0,255)", "Print '' at 106,84 rgb(0,0,255)",
-                    "Print 'Caption' at 477,515 rgb(0,0,255)", "Print '' at 498,525 rgb(0,0,255)"));
+                    "Print 'Caption' at 477,514 rgb(0,0,255)", "Print '' at 498,524 rgb(0,0,255)"));
 
     // Two charts: every object's name is raised 0.8 of a line and one pixel, and a chart
     // label centred under it where the object shows charts.
@@ -172,7 +172,7 @@ TEST(PageDraw, NamesAreCentredAndRaisedForChartLabels) {
         ElementsAre("Print 'Wheel' at 385,291 rgb(0,0,255)",
                     "Print 'Chart 1, 3' at 370,301 rgb(0,0,255)",
                     "Print 'Corner' at 12,70 rgb(0,0,255)", "Print 'Chart 1' at 85,80 rgb(0,0,255)",
-                    "Print 'Caption' at 477,511 rgb(0,0,255)", "Print '' at 498,521 rgb(0,0,255)"));
+                    "Print 'Caption' at 477,510 rgb(0,0,255)", "Print '' at 498,520 rgb(0,0,255)"));
 
     // The insert dialog's preview has no object: the name is centred even on two charts.
     RecordingSurface preview;
@@ -188,11 +188,11 @@ TEST(PageDraw, NamesAreCentredAndRaisedForChartLabels) {
 TEST(PageDraw, PageAndMarginRectangles) {
     PageFormat format;  // ratio 0.75
     RectClass wide = Rect(10, 20, 1000, 500);
-    EXPECT_EQ(PageRect(wide, format, true).ToString(), "(210,45)-(810,495)");
-    EXPECT_EQ(PageRect(wide, format, false).ToString(), "(176,20)-(843,520)");
-    EXPECT_EQ(PageRect(Rect(0, 0, 400, 1000), format, false).ToString(), "(0,350)-(400,650)");
+    EXPECT_EQ(PageRect(wide, format, true).ToString(), "(210,45)-(809,494)");
+    EXPECT_EQ(PageRect(wide, format, false).ToString(), "(177,20)-(842,519)");
+    EXPECT_EQ(PageRect(Rect(0, 0, 400, 1000), format, false).ToString(), "(0,350)-(399,649)");
     format.SetYRatio(0);  // no ratio: the available area itself
-    EXPECT_EQ(PageRect(wide, format, true).ToString(), "(60,45)-(960,495)");
+    EXPECT_EQ(PageRect(wide, format, true).ToString(), "(60,45)-(959,494)");
 
     format.SetMargin(1, 1, 0.1f);
     format.SetMargin(1, 2, 0.2f);
@@ -214,10 +214,10 @@ TEST(PageDraw, ThumbnailUsesTheWholeSurfaceAndLeavesNoRectangles) {
     DrawFormat(s, nullptr, 1, format, false, false, true, &rects);
     EXPECT_THAT(s.calls,
                 ElementsAre("FillColor rgb(255,255,255)", "FillStyle 0", "ForeColor rgb(0,0,0)",
-                            "Box (0,0)-(800,600) rgb(0,0,0) filled rgb(255,255,255)",
+                            "Box (0,0)-(799,599) rgb(0,0,0) filled rgb(255,255,255)",
                             "FillColor rgb(224,224,224)", "ForeColor " + kGrey,
-                            "Box (243,182)-(557,417) " + kGrey + " " + kFill,
-                            "Box (245,184)-(555,415) " + kGrey + " outline"));
+                            "Box (243,182)-(556,417) " + kGrey + " " + kFill,
+                            "Box (245,184)-(554,415) " + kGrey + " outline"));
     EXPECT_EQ(rects.Page.ToString(), "(1,2)-(4,6)");
     EXPECT_EQ(rects.ObjectCount(), 5);
 }
@@ -233,14 +233,14 @@ TEST(PageDraw, PreviewDrawsShadowAndMarginFrameAndKeepsRectangles) {
     RecordingSurface empty;
     DrawFormat(empty, nullptr, 1, format, true, true, true, &rects);
     EXPECT_THAT(empty.calls,
-                ElementsAre("Box (56,46)-(776,586) rgb(128,128,128) solid",
+                ElementsAre("Box (56,46)-(775,585) rgb(128,128,128) solid",
                             "FillColor rgb(255,255,255)", "FillStyle 0", "ForeColor rgb(0,0,0)",
-                            "Box (40,30)-(760,570) rgb(0,0,0) filled rgb(255,255,255)",
+                            "Box (40,30)-(759,569) rgb(0,0,0) filled rgb(255,255,255)",
                             "FillColor rgb(224,224,224)", "DrawWidth 1", "DrawStyle 2",
                             "ForeColor rgb(192,192,192)", "FillStyle 1",
-                            "Box (47,35)-(753,565) rgb(192,192,192) unfilled"));
-    EXPECT_EQ(rects.Page.ToString(), "(40,30)-(760,570)");
-    EXPECT_EQ(rects.Margin.ToString(), "(47,35)-(753,565)");
+                            "Box (47,35)-(752,564) rgb(192,192,192) unfilled"));
+    EXPECT_EQ(rects.Page.ToString(), "(40,30)-(759,569)");
+    EXPECT_EQ(rects.Margin.ToString(), "(47,35)-(752,564)");
     EXPECT_EQ(rects.ObjectCount(), 3);
 
     Place(format, *box, 0.5f, 0.5f, 0.25f, 0.25f);
@@ -251,6 +251,6 @@ TEST(PageDraw, PreviewDrawsShadowAndMarginFrameAndKeepsRectangles) {
     ASSERT_EQ(rects.ObjectCount(), 3);
     EXPECT_EQ(rects.Object(1).ToString(), "(400,300)-(576,432)");
     EXPECT_EQ(rects.Object(2).ToString(), "(0,0)-(0,0)");
-    EXPECT_EQ(rects.Object(3).ToString(), "(47,35)-(400,300)");
-    EXPECT_EQ(s.calls.back(), "Box (47,35)-(753,565) rgb(192,192,192) unfilled");
+    EXPECT_EQ(rects.Object(3).ToString(), "(47,35)-(399,299)");
+    EXPECT_EQ(s.calls.back(), "Box (47,35)-(752,564) rgb(192,192,192) unfilled");
 }

@@ -70,7 +70,7 @@ TEST(SelectionMarks, RefreshDrawsMarksOnlyBelowTheLastObject) {
     marks.Add(1, 1, kHandleTop);
     for (int16_t selected : {0, 3}) {  // none, and the last object: strict on purpose
         RecordingSurface s = refresh(selected);
-        EXPECT_EQ(s.calls.back(), "Box (47,35)-(753,565) rgb(192,192,192) unfilled");
+        EXPECT_EQ(s.calls.back(), "Box (47,35)-(752,564) rgb(192,192,192) unfilled");
         EXPECT_EQ(Marks(marks), "(1,1)4 ");
     }
     RecordingSurface none;
