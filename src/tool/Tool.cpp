@@ -23,6 +23,10 @@ const char* kUsage =
     "  convert IN OUT   reads a page file of any version and saves it as version 4\n"
     "  dump PAGE [--format K]\n"
     "                   the page as JSON, read with format K alone in full (default all)\n"
+    "  render PAGE -o OUT.png [--format K] [--size WxH] [--interactive] [--no-labels]\n"
+    "         [--no-pictures]\n"
+    "                   draws format K (default 1) at WxH (default its own size): a\n"
+    "                   thumbnail on white, or with --interactive as the editor's preview\n"
     "\n"
     "Options:\n"
     "  --data DIR       read every definition file from DIR instead of the data folders\n"
@@ -42,6 +46,7 @@ const std::map<std::string, Command>& Commands() {
         {"xml", CommandXml},
         {"convert", CommandConvert},
         {"dump", CommandDump},
+        {"render", CommandRender},
     };
     return commands;
 }

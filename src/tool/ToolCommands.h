@@ -39,5 +39,6 @@ int CommandRefs(const ToolOptions& options, std::ostream& out);
 int CommandXml(const ToolOptions& options, std::ostream& out);
 int CommandConvert(const ToolOptions& options, std::ostream& out);
 int CommandDump(const ToolOptions& options, std::ostream& out);
+int CommandRender(const ToolOptions& options, std::ostream& out);
 
 }  // namespace paginox

@@ -1,0 +1,161 @@
+// The render command: one format of a page drawn to a PNG image, as a thumbnail on white or
+// as the editor's preview.
+
+#include <QGuiApplication>
+#include <QImage>
+#include <charconv>
+#include <cstdlib>
+#include <ostream>
+
+#include "core/AnsiText.h"
+#include "core/MessageService.h"
+#include "core/RuntimeError.h"
+#include "library/ImageCache.h"
+#include "model/PageClass.h"
+#include "model/PageFormat.h"
+#include "persist/Folders.h"
+#include "render/PageDraw.h"
+#include "render/PreviewRefresh.h"
+#include "render/QtSurface.h"
+#include "tool/Tool.h"
+#include "tool/ToolCommands.h"
+
+namespace paginox {
+
+namespace {
+
+constexpr int kMaxImageSide = 16384;
+const char* kRenderUsage =
+    "render takes PAGE -o OUT.png [--format K] [--size WxH] [--interactive] [--no-labels] "
+    "[--no-pictures]";
+
+struct RenderRequest {
+    std::string page;
+    std::string out;
+    int16_t format = 1;
+    int width = 0;  // 0: the format's own size
+    int height = 0;
+    bool interactive = false;
+    bool labels = true;
+    bool pictures = true;
+};
+
+int WholeNumber(std::string_view text, const std::string& what) {
+    int v = 0;
+    auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), v);
+    if (ec != std::errc() || end != text.data() + text.size()) {
+        throw UsageError{what + " takes a whole number, not " + std::string(text)};
+    }
+    return v;
+}
+
+RenderRequest ParseRender(const std::vector<std::string>& args) {
+    RenderRequest r;
+    for (size_t i = 0; i < args.size(); ++i) {
+        const std::string& a = args[i];
+        bool hasValue = i + 1 < args.size();
+        if (a == "-o" && hasValue) {
+            r.out = args[++i];
+        } else if (a == "--format" && hasValue) {
+            int k = WholeNumber(args[++i], "--format");
+            if (k < 1 || k > INT16_MAX) throw UsageError{"--format takes a format index from 1"};
+            r.format = static_cast<int16_t>(k);
+        } else if (a == "--size" && hasValue) {
+            std::string size = args[++i];
+            size_t x = size.find_first_of("xX");
+            if (x == std::string::npos) throw UsageError{"--size takes WxH, not " + size};
+            r.width = WholeNumber(std::string_view(size).substr(0, x), "--size");
+            r.height = WholeNumber(std::string_view(size).substr(x + 1), "--size");
+            if (r.width < 1 || r.height < 1 || r.width > kMaxImageSide ||
+                r.height > kMaxImageSide) {
+                throw UsageError{"--size takes sides from 1 to " + std::to_string(kMaxImageSide)};
+            }
+        } else if (a == "--interactive") {
+            r.interactive = true;
+        } else if (a == "--no-labels") {
+            r.labels = false;
+        } else if (a == "--no-pictures") {
+            r.pictures = false;
+        } else if (!a.starts_with("-") && r.page.empty()) {
+            r.page = a;
+        } else {
+            throw UsageError{kRenderUsage};
+        }
+    }
+    if (r.page.empty() || r.out.empty()) throw UsageError{kRenderUsage};
+    return r;
+}
+
+// Qt's notes about the desktop session (no runtime folder when offscreen, say) are no
+// concern of the tool's user; everything else Qt says still reaches stderr.
+QtMessageHandler gQtDefaultHandler = nullptr;
+void QuietSessionNotes(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (type == QtWarningMsg && text.startsWith("QStandardPaths: ")) return;
+    if (gQtDefaultHandler) gQtDefaultHandler(type, context, text);
+}
+
+// Fonts need a GUI application; without a display it runs on the offscreen platform.
+void EnsureGuiApplication() {
+    if (QGuiApplication::instance()) return;
+    gQtDefaultHandler = qInstallMessageHandler(QuietSessionNotes);
+    if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") &&
+        !std::getenv("QT_QPA_PLATFORM")) {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    }
+    static int argc = 1;
+    static char name[] = "paginox-tool";
+    static char* argv[] = {name, nullptr};
+    // Lives as long as the process: fonts stay in use until the very end.
+    new QGuiApplication(argc, argv);
+}
+
+}  // namespace
+
+int CommandRender(const ToolOptions& options, std::ostream&) {
+    RenderRequest r = ParseRender(options.args);
+    LoadToolDefinitions(options);
+    // With --data the folder table is still empty; pictures need its temporary and cache
+    // folders, which come from the system whatever the mode.
+    if (AppFolders().Path(kTemporaryFolder).empty()) AppFolders().FindFolders(0);
+
+    auto page = ReadToolPage(r.page, r.format);
+    if (!page) return kExitFailure;
+    if (r.format > page->NumFormats() || !page->GetFormat(r.format)) {
+        throw UsageError{"the page has " + std::to_string(page->NumFormats()) +
+                         " formats; there is no format " + std::to_string(r.format)};
+    }
+    const PageFormat& format = *page->GetFormat(r.format);
+    int width = r.width ? r.width : format.XPixels();
+    int height = r.height ? r.height : format.YPixels();
+    if (width < 1 || height < 1 || width > kMaxImageSide || height > kMaxImageSide) {
+        throw UsageError{"format " + std::to_string(r.format) + " is " + std::to_string(width) +
+                         " x " + std::to_string(height) + " pixels; give --size WxH"};
+    }
+
+    EnsureGuiApplication();
+    ImageCache cache;
+    ScopedPictureCache installed(&cache);
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    try {
+        QtSurface surface(image);
+        PreviewRects rects;
+        // The preview's refresh with nothing selected; a thumbnail is drawn straight on white.
+        if (r.interactive) {
+            surface.SetBackColor(kPreviewBackColour);
+            surface.Clear();
+        }
+        DrawFormat(surface, nullptr, page->NumCharts(), format, r.labels, r.interactive, r.pictures,
+                   &rects);
+    } catch (const RuntimeError& e) {
+        return ReportPageError(r.page, e);
+    }
+    if (!image.save(QString::fromStdString(r.out), "PNG")) {
+        ShowMessage("Error whilst writing the image " + Utf8ToCp1252(r.out), "paginox-tool",
+                    MsgIcon::Critical);
+        return kExitFailure;
+    }
+    return kExitOk;
+}
+
+}  // namespace paginox

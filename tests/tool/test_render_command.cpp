@@ -1,0 +1,85 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <cstdlib>
+#include <sstream>
+
+#include "support/RecordingMessages.h"
+#include "support/TempDir.h"
+#include "tool/Tool.h"
+
+using namespace paginox;
+
+namespace {
+
+const std::string kSampleSystem = std::string(PAGINOX_SAMPLE_DIR) + "/System";
+const std::string kSamplePage = std::string(PAGINOX_SAMPLE_DIR) + "/User Files/Pages/Poster.pag";
+
+struct Render {
+    int status;
+    std::string err;
+    QImage image;
+};
+
+Render RunRender(const test::TempDir& dir, std::vector<std::string> extra) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);  // the tool honours a platform already chosen
+    std::string out = dir / "out.png";
+    std::vector<std::string> args = {"--data", kSampleSystem, "render"};
+    args.insert(args.end(), extra.begin(), extra.end());
+    std::ostringstream o, e;
+    int status = RunTool(args, o, e);
+    return {status, e.str(), QImage(QString::fromStdString(out))};
+}
+
+bool HasBlue(const QImage& image) {
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            QColor c = image.pixelColor(x, y);
+            if (c.blue() > 200 && c.red() < 100 && c.green() < 100) return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+TEST(RenderCommand, ThumbnailAndPreviewOfASamplePage) {
+    test::TempDir dir;
+    std::string out = dir / "out.png";
+    Render thumb = RunRender(dir, {kSamplePage, "-o", out, "--size", "320x240"});
+    ASSERT_EQ(thumb.status, 0) << thumb.err;
+    ASSERT_EQ(thumb.image.size(), QSize(320, 240));
+    EXPECT_EQ(thumb.image.pixelColor(0, 120), QColor(0, 0, 0));    // the page's outline,
+    EXPECT_EQ(thumb.image.pixelColor(319, 120), QColor(0, 0, 0));  // all of it on the image
+    EXPECT_TRUE(HasBlue(thumb.image));                             // labels
+
+    Render preview = RunRender(dir, {"--interactive", kSamplePage, "-o", out, "--no-labels"});
+    ASSERT_EQ(preview.status, 0) << preview.err;
+    EXPECT_GT(preview.image.width(), 100);  // the format's own size
+    EXPECT_EQ(preview.image.pixelColor(2, 2), QColor(192, 192, 192));
+    EXPECT_FALSE(HasBlue(preview.image));
+}
+
+TEST(RenderCommand, UsageErrorsAndFailures) {
+    test::TempDir dir;
+    std::string out = dir / "out.png";
+    for (const auto& args :
+         std::vector<std::vector<std::string>>{{kSamplePage, "-o", out, "--format", "99"},
+                                               {kSamplePage, "-o", out, "--format", "0"},
+                                               {kSamplePage, "-o", out, "--format"},
+                                               {kSamplePage, "-o", out, "--size", "10by10"},
+                                               {kSamplePage, "-o", out, "--size", "0x10"},
+                                               {kSamplePage},
+                                               {"-o", out},
+                                               {kSamplePage, "-o", out, "--bogus"}}) {
+        Render r = RunRender(dir, args);
+        EXPECT_EQ(r.status, 2) << args.back();
+        EXPECT_NE(r.err.find("Usage"), std::string::npos);
+    }
+    test::RecordingMessages messages;
+    EXPECT_EQ(RunRender(dir, {dir / "none.pag", "-o", out}).status, 1);
+    EXPECT_EQ(RunRender(dir, {kSamplePage, "-o", dir / "no/such/folder.png"}).status, 1);
+    ASSERT_EQ(messages.shown.size(), 2u);
+    EXPECT_EQ(messages.shown[0].title, "Open Error");
+    EXPECT_EQ(messages.shown[1].text.rfind("Error whilst writing the image ", 0), 0u);
+}
