@@ -1,0 +1,123 @@
+#include "editor/DocumentFlow.h"
+
+#include "core/AnsiText.h"
+#include "core/MessageService.h"
+#include "editor/EditorState.h"
+#include "editor/PageSizes.h"
+#include "model/PageClass.h"
+#include "model/PageFormat.h"
+#include "persist/FileIO_Page.h"
+
+namespace paginox {
+
+void DocumentFlow::SaveChangesPrompt(bool& cancel) {
+    cancel = false;
+    if (!state_.UpdatePageChanged()) return;
+    MsgAnswer answer =
+        Messages().Show("Changes have been made. Do you wish to save these changes?",
+                        "Save Changes?", MsgButtons::YesNoCancel, MsgIcon::Exclamation);
+    if (answer == MsgAnswer::Cancel) {
+        cancel = true;
+        return;
+    }
+    if (answer != MsgAnswer::Yes) return;
+    if (state_.CurrentFile.empty()) {
+        std::string fileName = state_.CurrentFile;
+        host_.ShowSaveAsDialog(fileName, cancel);
+        if (!cancel) {
+            state_.CurrentFile = fileName;
+            Save();
+        }
+        return;
+    }
+    Save();
+}
+
+void DocumentFlow::NewPage() {
+    state_.CurrentFile.clear();
+    state_.Page = std::make_shared<PageClass>();
+    state_.Page->InitNewPage();
+    state_.SetCurrentFormat(1);
+    state_.SelectedObject = 0;
+    host_.PageReplaced();
+    if (host_.WindowActive()) {
+        ResetNewPage();
+    } else {
+        state_.PendingReset = true;
+    }
+}
+
+void DocumentFlow::ResetNewPage() {
+    if (state_.CurrentFormat) {
+        SizeFormatForScreen(*state_.CurrentFormat, host_.ScreenWidth(), host_.ScreenHeight(),
+                            host_.ScreenLogPixels());
+    }
+    state_.MarkSaved();
+    host_.InitFormatList();
+    state_.PendingReset = false;
+}
+
+void DocumentFlow::OpenWorkFile() {
+    state_.CurrentFormatIndex = 0;
+    state_.CurrentFormat = nullptr;
+    state_.SelectedObject = 0;
+    state_.Page = ReadPage(state_.CurrentFile, -1, true);
+    if (!state_.Page) {
+        state_.Page = std::make_shared<PageClass>();
+        state_.Page->InitNewPage();
+    }
+    host_.PageReplaced();
+    state_.MarkSaved();
+    host_.InitFormatList();
+}
+
+bool DocumentFlow::Save() {
+    if (!state_.Page || !SavePage(state_.CurrentFile, *state_.Page)) return false;
+    state_.MarkSaved();
+    return true;
+}
+
+void DocumentFlow::FileNew() {
+    bool cancel = false;
+    SaveChangesPrompt(cancel);
+    if (cancel) return;
+    NewPage();
+    host_.RefreshUI(true);
+}
+
+void DocumentFlow::FileOpen() {
+    bool cancel = false;
+    SaveChangesPrompt(cancel);
+    if (cancel) return;
+    host_.ShowOpenDialog(state_.CurrentFile, cancel);
+    if (cancel) return;
+    OpenWorkFile();
+    host_.RefreshUI(true);
+}
+
+void DocumentFlow::FileSave() {
+    if (Trim(state_.CurrentFile).empty()) {
+        FileSaveAs();
+        return;
+    }
+    Save();
+    host_.RefreshUI(true);
+}
+
+void DocumentFlow::FileSaveAs() {
+    std::string fileName = state_.CurrentFile;
+    bool cancelled = false;
+    host_.ShowSaveAsDialog(fileName, cancelled);
+    if (cancelled) return;
+    state_.CurrentFile = fileName;
+    Save();
+    host_.RefreshUI(true);
+}
+
+void DocumentFlow::Closing() {
+    // Cancel in the prompt is deliberately not passed on: closing goes ahead as with No.
+    bool cancel = false;
+    SaveChangesPrompt(cancel);
+}
+
+}  // namespace paginox

@@ -1,0 +1,71 @@
+#pragma once
+
+// Opening, making, saving and closing the page, decided without a window. The window lends
+// its dialogs and its size list through DocumentHost, so tests script every answer.
+
+#include <string>
+
+namespace paginox {
+
+class EditorState;
+
+// What the document commands need from the main window.
+class DocumentHost {
+  public:
+    virtual ~DocumentHost() = default;
+    // The Open and Save As dialogs: start from fileName, leave the chosen path in it; set
+    // cancelled (and leave fileName alone) when the user cancels.
+    virtual void ShowOpenDialog(std::string& fileName, bool& cancelled) = 0;
+    virtual void ShowSaveAsDialog(std::string& fileName, bool& cancelled) = 0;
+    // Refills the size list and selects the format to show.
+    virtual void InitFormatList() = 0;
+    virtual void RefreshUI(bool updateAll) = 0;
+    // Whether a window of the program is active (a new page is finished at once then).
+    virtual bool WindowActive() = 0;
+    // The screen a new page's format is sized for.
+    virtual int ScreenWidth() = 0;
+    virtual int ScreenHeight() = 0;
+    virtual int ScreenLogPixels() = 0;
+    // A new page or a loaded file replaced the page: the undo history no longer applies.
+    virtual void PageReplaced() = 0;
+};
+
+class DocumentFlow {
+  public:
+    DocumentFlow(EditorState& state, DocumentHost& host) : state_(state), host_(host) {}
+
+    // Asks to save changes, if there are any. Cancel sets cancel; Yes saves (asking for a
+    // name when the page has none; cancelling that dialog also sets cancel).
+    void SaveChangesPrompt(bool& cancel);
+
+    // A new page; finished now when a window is active, else on the next activation.
+    void NewPage();
+    // Finishes a new page: its format sized for the screen, the page counted as saved.
+    void ResetNewPage();
+    // Loads CurrentFile; a page that cannot be read gives a new page under the same name.
+    void OpenWorkFile();
+    // Writes the page to CurrentFile; on success the page counts as saved. False (after the
+    // writer's own message) when it could not be written: the page stays changed.
+    bool Save();
+
+    // The File menu commands and closing. Each command refreshes the window when it acted.
+    void FileNew();
+    void FileOpen();
+    void FileSave();
+    void FileSaveAs();
+    // Runs when the program is closed: the save prompt, whose Cancel does not stop closing.
+    void Closing();
+
+  private:
+    EditorState& state_;
+    DocumentHost& host_;
+};
+
+// The dialogs' texts.
+inline constexpr const char* kOpenDialogTitle = "Open Page Layout File";
+inline constexpr const char* kOpenDialogFilter = "Page Layout (*.pag)|*.pag";
+inline constexpr const char* kSaveDialogTitle = "Save Page Layout As";
+inline constexpr const char* kSaveDialogFilter = "Page Files (*.pag)|*.pag";
+inline constexpr const char* kPageExtension = "pag";
+
+}  // namespace paginox

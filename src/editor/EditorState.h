@@ -1,0 +1,62 @@
+#pragma once
+
+// Everything the editor knows about the page being edited, in one object that the main
+// window owns and hands to the routines that need it: the file, the page and its saved copy,
+// the format shown, the selection and the start-up switches.
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "render/PageDraw.h"
+#include "render/SelectionMarkSet.h"
+
+namespace paginox {
+
+class PageClass;
+class PageFormat;
+class PageObject;
+
+class EditorState {
+  public:
+    // Full path of the open page file; empty for a page never saved.
+    std::string CurrentFile;
+    std::shared_ptr<PageClass> Page;
+    // The page as last loaded, made or saved; the page has changed when it differs from it.
+    std::shared_ptr<PageClass> SavedPage;
+    // Always format CurrentFormatIndex of Page; 0 while a file is being loaded.
+    std::shared_ptr<PageFormat> CurrentFormat;
+    int16_t CurrentFormatIndex = 0;
+    // 1-based index into CurrentFormat; 0 = none.
+    int16_t SelectedObject = 0;
+    int16_t PreviousSelectedObject = 0;
+    // Last result of the change test; cleared after every save and load.
+    bool PageChanged = false;
+    // A new page was made while no window was active; activation finishes it.
+    bool PendingReset = false;
+    // Format index asked for on the command line; 0 = none; used once.
+    int16_t StartPageSizeIndex = 0;
+    bool DebugMode = false;
+    // The folders are the demo copy of the bundled sample data, not a real installation.
+    bool UsingDemoData = false;
+
+    // Pixel rectangles the last interactive drawing left: the page, its printable area and
+    // one per object of CurrentFormat.
+    PreviewRects Rects;
+    // The handles of the selected object on the preview.
+    SelectionMarkSet SelectionMarks;
+
+    // Makes format index of Page the current one (no validation, no selection change).
+    void SetCurrentFormat(int16_t index);
+    // The selected object of CurrentFormat, or nullptr when none is selected.
+    std::shared_ptr<PageObject> Selected() const;
+    // Grows the rectangle array to the format's object count, keeping what it holds.
+    void GrowObjectRects();
+    // Compares Page with SavedPage and stores the result in PageChanged.
+    bool UpdatePageChanged();
+    // SavedPage becomes a copy of Page; PageChanged is cleared.
+    void MarkSaved();
+};
+
+}  // namespace paginox

@@ -1,0 +1,147 @@
+#include "editor/Manipulation.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <utility>
+
+#include "core/Checked.h"
+#include "core/Rounding.h"
+#include "editor/EditStep.h"
+#include "editor/EditorState.h"
+#include "editor/Properties.h"
+#include "model/PageFormat.h"
+#include "model/PageObject.h"
+#include "model/PageObjectClass.h"
+#include "render/SelectionMarkSet.h"
+
+namespace paginox {
+
+int16_t HitTestObjects(const EditorState& state, float x, float y) {
+    if (!state.CurrentFormat) return 0;
+    const PageFormat& format = *state.CurrentFormat;
+    int16_t top = std::min(format.NumObjects(), state.Rects.ObjectCount());
+    for (int16_t k = top; k >= 1; --k) {
+        if (!format.Object(k)) continue;
+        if (state.Rects.Object(k).HitTestShape(format.POClass(k).Shape(), x, y)) return k;
+    }
+    return 0;
+}
+
+int16_t MarkAt(const SelectionMarkSet& marks, float x, float y) {
+    for (int16_t i = 1; i <= marks.Count(); ++i) {
+        if (std::fabs(x - marks.X(i)) <= kMarkTolerance &&
+            std::fabs(y - marks.Y(i)) <= kMarkTolerance) {
+            return marks.Pos(i);
+        }
+    }
+    return kDragNone;
+}
+
+int16_t PointerFor(int16_t dragMode) {
+    switch (dragMode) {
+        case kDragMove:
+            return kPointerSizeAll;
+        case kHandleLeft:
+        case kHandleRight:
+        case kHandleTriangleLeft:
+            return kPointerSizeWE;
+        case kHandleTop:
+        case kHandleBottom:
+            return kPointerSizeNS;
+        case kHandleSlant:
+            return kPointerSizeNESW;
+        default:
+            return kPointerDefault;
+    }
+}
+
+bool IsClick(float dx, float dy) {
+    return std::fabs(dx) <= kClickTolerance && std::fabs(dy) <= kClickTolerance;
+}
+
+RectClass DraggedRect(const RectClass& rect, int16_t shape, int16_t dragMode, int32_t dx,
+                      int32_t dy) {
+    RectClass r = rect.Clone();
+    if (dragMode == kDragMove) {
+        r.Move(dx, dy);
+        return r;
+    }
+    // How far each edge moves; outward is the positive direction for right and bottom.
+    int32_t dLeft = 0, dRight = 0, dTop = 0, dBottom = 0;
+    switch (dragMode) {
+        case kHandleLeft:
+        case kHandleTriangleLeft:
+            dLeft = dx;
+            break;
+        case kHandleRight:
+            dRight = dx;
+            break;
+        case kHandleTop:
+            dTop = dy;
+            break;
+        case kHandleBottom:
+            dBottom = dy;
+            break;
+        case kHandleSlant:
+            dRight = CheckedMul(dx, 2);
+            dTop = CheckedMul(dy, 2);
+            break;
+        default:
+            return r;
+    }
+    if (shape == kShapeCircle) {
+        // The last edge that moved says how far the wheel grows outwards.
+        int32_t grow = 0;
+        for (int32_t d : {CheckedSub(0, dLeft), dRight, CheckedSub(0, dTop), dBottom}) {
+            if (d != 0) grow = d;
+        }
+        int32_t radius = std::abs(CheckedAdd(rect.CircleRadius(), grow));
+        radius = std::max(radius, kMinWheelRadius);
+        r.InitTo(CheckedSub(rect.CenterX(), radius), CheckedSub(rect.CenterY(), radius),
+                 CheckedMul(radius, 2), CheckedMul(radius, 2));
+        return r;
+    }
+    int32_t left = CheckedAdd(rect.Left(), dLeft);
+    int32_t right = CheckedAdd(rect.Right(), dRight);
+    int32_t top = CheckedAdd(rect.Top(), dTop);
+    int32_t bottom = CheckedAdd(rect.Bottom(), dBottom);
+    if (left > right) std::swap(left, right);
+    if (top > bottom) std::swap(top, bottom);
+    r.InitTo(left, top, CheckedSub(right, left), CheckedSub(bottom, top));
+    return r;
+}
+
+bool CommitDrag(EditorState& state, EditStep& step, int16_t dragMode, float dx, float dy) {
+    std::shared_ptr<PageObject> obj = state.Selected();
+    if (!obj || dragMode == kDragNone || IsClick(dx, dy)) return false;
+    int16_t k = state.SelectedObject;
+    int16_t f = state.CurrentFormatIndex;
+    const RectClass& margin = state.Rects.Margin;
+    RectClass moved = DraggedRect(state.Rects.Object(k), obj->POClass().Shape(), dragMode,
+                                  ToInt32(dx), ToInt32(dy));
+    // The drawing places every shape by its top-left corner (Origin), a wheel included, so
+    // that is the point a move or resize sets; a wheel's own centre would shift it by its
+    // radius on every drag.
+    float originX = margin.PropX(static_cast<float>(moved.Left()));
+    float originY = margin.PropY(static_cast<float>(moved.Top()));
+    if (dragMode == kDragMove) {
+        bool changed = step.Set(kPropOrigin, originX, f, k, 1);
+        return step.Set(kPropOrigin, originY, f, k, 2) || changed;
+    }
+    const float newValues[4] = {
+        originX, originY, static_cast<float>(CheckedFloatDiv(moved.Width(), margin.Width())),
+        static_cast<float>(CheckedFloatDiv(moved.Height(), margin.Height()))};
+    bool changed = false;
+    for (int16_t axis = 1; axis <= 2; ++axis) {
+        float oldOrigin = obj->Origin(axis);
+        float oldLength = obj->Length(axis);
+        obj->SetOrigin(axis, newValues[axis - 1]);
+        obj->SetLength(axis, newValues[axis + 1]);
+        step.Record(kPropOrigin, oldOrigin, newValues[axis - 1], f, k, axis);
+        step.Record(kPropLength, oldLength, newValues[axis + 1], f, k, axis);
+        changed = changed || oldOrigin != newValues[axis - 1] || oldLength != newValues[axis + 1];
+    }
+    return changed;
+}
+
+}  // namespace paginox

@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include "editor/EditorFixture.h"
+#include "editor/InsertList.h"
+#include "editor/ObjectCommands.h"
+#include "support/RecordingMessages.h"
+
+namespace paginox {
+namespace {
+
+TEST(InsertList, GroupedInOrderWithHeadings) {
+    test::ScopedModelState model;
+    auto add = [&](const char* name, const char* group, int16_t order) {
+        auto c = model.AddClass();
+        c->SetFullName(name);
+        c->SetGroup(group);
+        c->SetOrder(order);
+    };
+    add("Wheel B", "Wheels", 2);
+    add("List", "Lists", 1);
+    add("Wheel A", "Wheels", 1);  // same Order as List: stays after it
+    add("Hidden", "", 0);         // no group: never listed
+    add("Grid", "Lists", 3);
+    std::vector<std::string> texts;
+    std::vector<int16_t> tags;
+    for (const InsertRow& r : BuildInsertList(ObjectClasses())) {
+        texts.push_back(r.Text);
+        tags.push_back(r.Tag);
+    }
+    // Lists splits around the Wheels and gets a second heading.
+    EXPECT_EQ(texts, (std::vector<std::string>{"Lists:-", "    List", "Wheels:-", "    Wheel A",
+                                               "    Wheel B", "Lists:-", "    Grid"}));
+    EXPECT_EQ(tags, (std::vector<int16_t>{0, 2, 0, 3, 1, 0, 5}));
+}
+
+TEST(InsertList, InsertingRaisesThePageChartCount) {
+    test::EditorFixture fx;
+    fx.state.Page->SetNumCharts(1);
+    InsertObject(fx.state, ObjectClasses(), fx.wheel->ClassID());  // a two-chart wheel
+    EXPECT_EQ(fx.state.CurrentFormat->NumObjects(), 4);
+    EXPECT_EQ(fx.state.SelectedObject, 4);
+    EXPECT_EQ(fx.state.Rects.ObjectCount(), 4);
+    EXPECT_EQ(fx.state.Page->NumCharts(), 2);
+    InsertObject(fx.state, ObjectClasses(), fx.box->ClassID());  // never lowered
+    EXPECT_EQ(fx.state.Page->NumCharts(), 2);
+    EXPECT_EQ(InsertDescription(ObjectClasses(), fx.box->ClassID()), "Point List\r\n");
+}
+
+TEST(ObjectCommands, CopyDeleteAndOrder) {
+    test::EditorFixture fx;
+    test::RecordingMessages messages;
+    EXPECT_FALSE(CopySelectedObject(fx.state));
+    fx.state.SelectedObject = 2;
+    ASSERT_TRUE(CopySelectedObject(fx.state));
+    EXPECT_EQ(fx.state.SelectedObject, 4);
+    EXPECT_EQ(fx.Object(4).Origin(1), 0.0f);
+    EXPECT_EQ(fx.Object(4).Origin(2), 0.0f);
+    EXPECT_EQ(fx.Object(4).ObjectClassID(), fx.wheel->ClassID());
+
+    EXPECT_FALSE(DeleteObject(fx.state, 5, false));
+    EXPECT_EQ(messages.shown.back().text, "You must select an object before it can be deleted.");
+
+    messages.Script({MsgAnswer::Cancel});
+    EXPECT_FALSE(DeleteObject(fx.state, 4, true));
+    EXPECT_EQ(messages.shown.back().text,
+              "Do you wish to delete the currently selected object?\r\n\r\nObject 4: Bi-Wheel");
+    EXPECT_EQ(messages.shown.back().title, "Confirm deletion");
+    EXPECT_EQ(fx.state.CurrentFormat->NumObjects(), 4);
+
+    // With both wheels gone the page needs one chart only.
+    ASSERT_TRUE(DeleteObject(fx.state, 4, false));
+    ASSERT_TRUE(DeleteObject(fx.state, 2, false));
+    EXPECT_EQ(fx.state.SelectedObject, 0);
+    EXPECT_EQ(fx.state.Page->NumCharts(), 1);
+
+    fx.state.SelectedObject = 1;
+    ASSERT_TRUE(MoveSelectedToFront(fx.state));
+    EXPECT_EQ(fx.state.SelectedObject, 2);
+    EXPECT_EQ(fx.Object(2).ObjectClassID(), fx.box->ClassID());
+    ASSERT_TRUE(MoveSelectedToBack(fx.state));
+    EXPECT_EQ(fx.state.SelectedObject, 1);
+    EXPECT_EQ(fx.Object(1).ObjectClassID(), fx.box->ClassID());
+}
+
+}  // namespace
+}  // namespace paginox

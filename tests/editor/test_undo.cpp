@@ -1,0 +1,128 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "editor/EditStep.h"
+#include "editor/EditorFixture.h"
+#include "editor/UndoManager.h"
+
+namespace paginox {
+namespace {
+
+// Records what the history hands back, as "id:value" with the three indices.
+struct Recorder {
+    std::vector<std::string> calls;
+    std::vector<std::pair<bool, bool>> menus;
+    UndoManager Manager() {
+        return UndoManager(
+            [this](int32_t id, const PropertyValue& v, int16_t a, int16_t b, int16_t c) {
+                calls.push_back(std::to_string(id) + ":" + PropertyText(v) + "@" +
+                                std::to_string(a) + std::to_string(b) + std::to_string(c));
+            },
+            [this](bool u, bool r) { menus.emplace_back(u, r); });
+    }
+};
+
+void Step(UndoManager& m, int32_t id, int oldValue, int newValue) {
+    m.BeginRestoreBlock();
+    m.AddRestoreObject(id, oldValue, newValue, 1, 2, 3);
+    m.EndRestoreBlock();
+}
+
+TEST(UndoManager, EmptyBlocksAndTheOrderOfChanges) {
+    Recorder rec;
+    UndoManager m = rec.Manager();
+    EXPECT_FALSE(m.CanUndo());
+    EXPECT_FALSE(m.CanRedo());
+    EXPECT_EQ(m.UndoCapacity(), 20);
+    EXPECT_EQ(m.RedoCapacity(), 10);
+
+    m.BeginRestoreBlock();
+    EXPECT_TRUE(m.InRestoreBlock());
+    m.EndRestoreBlock();  // nothing in it: no trace, no menu update
+    EXPECT_FALSE(m.InRestoreBlock());
+    EXPECT_EQ(m.UndoCount(), 0);
+    EXPECT_TRUE(rec.menus.empty());
+
+    m.BeginRestoreBlock();
+    m.AddRestoreObject(13, 1, 2, 1, 2, 3);
+    m.AddRestoreObject(14, 3, 4, 1, 2, 3);
+    m.AddRestoreObject(17, 5, 6, 1, 2, 3);
+    m.EndRestoreBlock();
+    EXPECT_EQ(rec.menus.back(), std::make_pair(true, false));
+    m.Undo();
+    EXPECT_EQ(rec.calls, (std::vector<std::string>{"17:5@123", "14:3@123", "13:1@123"}));
+    EXPECT_EQ(rec.menus.back(), std::make_pair(false, true));
+    rec.calls.clear();
+    m.Redo();
+    EXPECT_EQ(rec.calls, (std::vector<std::string>{"13:2@123", "14:4@123", "17:6@123"}));
+    EXPECT_FALSE(m.InUndo());
+    EXPECT_FALSE(m.InRedo());
+
+    // A block opened over another drops the first.
+    m.BeginRestoreBlock();
+    m.AddRestoreObject(1, 0, 1, 0, 0, 0);
+    m.BeginRestoreBlock();
+    m.EndRestoreBlock();
+    EXPECT_EQ(m.UndoCount(), 1);
+
+    m.Clear();
+    EXPECT_FALSE(m.CanUndo());
+    EXPECT_FALSE(m.CanRedo());
+    EXPECT_EQ(rec.menus.back(), std::make_pair(false, false));
+}
+
+TEST(UndoManager, StacksGrowByTenAndKeepEverything) {
+    Recorder rec;
+    UndoManager m = rec.Manager();
+    for (int i = 1; i <= 21; ++i) Step(m, 13, i - 1, i);
+    EXPECT_EQ(m.UndoCount(), 21);
+    EXPECT_EQ(m.UndoCapacity(), 30);
+    for (int i = 0; i < 11; ++i) m.Undo();
+    EXPECT_EQ(m.RedoCount(), 11);
+    EXPECT_EQ(m.RedoCapacity(), 20);  // grown when the count reached 10
+    while (m.CanUndo()) m.Undo();
+    EXPECT_EQ(rec.calls.front(), "13:20@123");
+    EXPECT_EQ(rec.calls.back(), "13:0@123");  // the very first step is still there
+}
+
+TEST(UndoManager, ANewStepKeepsWhatCanBeRedone) {
+    Recorder rec;
+    UndoManager m = rec.Manager();
+    Step(m, 13, 0, 1);
+    m.Undo();
+    Step(m, 14, 5, 6);
+    EXPECT_TRUE(m.CanRedo());
+    rec.calls.clear();
+    m.Redo();
+    EXPECT_EQ(rec.calls, (std::vector<std::string>{"13:1@123"}));
+    EXPECT_EQ(m.UndoCount(), 2);
+    EXPECT_EQ(test::ErrorOf([&] { m.AddRestoreObject(1, 0, 1, 0, 0, 0); }), kObjectNotSet);
+}
+
+TEST(UndoManager, EditStepsRestoreThePageThroughSetProperty) {
+    test::EditorFixture fx;
+    UndoManager m([&](int32_t id, const PropertyValue& v, int16_t f, int16_t o, int16_t s) {
+        SetProperty(fx.state, id, v, f, o, s);
+    });
+    fx.state.SelectedObject = 2;
+    {
+        EditStep step(fx.state, m);
+        EXPECT_TRUE(step.Set(kPropOrigin, 0.1, 0, 0, 1));
+        EXPECT_FALSE(step.Set(kPropFontSize, fx.Object(2).FontSize(), 0, 0, 0));
+        step.Set(kPropListAbbreviation, std::string("X"), 0, 0, 0);
+    }
+    ASSERT_EQ(m.UndoCount(), 1);
+    EXPECT_EQ(m.TopOfUndo()->Count(), 2);
+    // Undo reaches object 2 although the selection moved on.
+    fx.state.SelectedObject = 1;
+    m.Undo();
+    EXPECT_TRUE(fx.state.Page->IsEqual(fx.state.SavedPage.get()));
+    m.Redo();
+    EXPECT_EQ(fx.Object(2).Origin(1), 0.1f);
+    EXPECT_EQ(fx.state.Page->ListAbbreviation(), "X");
+}
+
+}  // namespace
+}  // namespace paginox
