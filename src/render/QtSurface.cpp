@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "core/AnsiText.h"
+#include "render/TextRunCache.h"
 
 namespace paginox {
 
@@ -55,10 +56,6 @@ QSizeF LogicalSize(QPaintDevice& device) {
     return QSizeF(device.width(), device.height());
 }
 
-QString ToQString(const std::string& ansi) {
-    return QString::fromStdString(Cp1252ToUtf8(ansi));
-}
-
 }  // namespace
 
 QtSurface::QtSurface(QPaintDevice& device) : own_(std::make_unique<QPainter>(&device)) {
@@ -77,10 +74,12 @@ QtSurface::QtSurface(QPainter& painter, const RectClass& scale)
 QtSurface::~QtSurface() = default;
 
 void QtSurface::Init() {
+    pixelRatio_ = painter_->device() ? painter_->device()->devicePixelRatioF() : 1.0;
     font_.setFamily("Sans Serif");
     font_.setStyleHint(QFont::SansSerif);
     SetFontPixelSize(FontPixelSizeFor(scale_));
     painter_->setRenderHint(QPainter::TextAntialiasing, true);
+    painter_->setRenderHint(QPainter::Antialiasing, false);
 }
 
 int QtSurface::FontPixelSizeFor(const RectClass& scale) {
@@ -96,25 +95,39 @@ void QtSurface::SetFontPixelSize(int pixels) {
 }
 
 void QtSurface::UsePen(int32_t colour) {
+    int16_t width = std::max<int16_t>(DrawWidth(), 1);
+    if (penSet_ && colour == penColour_ && DrawStyle() == penStyle_ && width == penWidth_) return;
     QPen pen(ToQColor(colour));
     pen.setStyle(PenStyleFor(DrawStyle()));
-    pen.setWidth(std::max<int>(DrawWidth(), 1));
+    pen.setWidth(width);
     painter_->setPen(pen);
+    penSet_ = true;
+    penColour_ = colour;
+    penStyle_ = DrawStyle();
+    penWidth_ = width;
 }
 
 void QtSurface::UseBrush(bool filled) {
-    if (filled && FillStyle() == kFillSolid) {
+    filled = filled && FillStyle() == kFillSolid;
+    if (brushSet_ && filled == brushFilled_ && (!filled || FillColor() == brushColour_)) return;
+    if (filled) {
         painter_->setBrush(ToQColor(FillColor()));
     } else {
         painter_->setBrush(Qt::NoBrush);
     }
+    brushSet_ = true;
+    brushFilled_ = filled;
+    brushColour_ = FillColor();
 }
 
 void QtSurface::UseAntialiasing(bool on) {
+    if (on == antialiased_) return;
     painter_->setRenderHint(QPainter::Antialiasing, on);
+    antialiased_ = on;
 }
 
 void QtSurface::Clear() {
+    disc_.Valid = false;
     painter_->fillRect(QRect(scale_.Left(), scale_.Top(), scale_.Width(), scale_.Height()),
                        ToQColor(BackColor()));
     SetCurrentX(static_cast<float>(scale_.Left()));
@@ -122,7 +135,7 @@ void QtSurface::Clear() {
 }
 
 float QtSurface::TextWidth(const std::string& text) {
-    return static_cast<float>(metrics_->horizontalAdvance(ToQString(text)));
+    return static_cast<float>(TextRunCache::Get(font_, pixelRatio_, text).Width);
 }
 
 float QtSurface::TextHeight(const std::string&) {
@@ -131,15 +144,16 @@ float QtSurface::TextHeight(const std::string&) {
 
 void QtSurface::Print(const std::string& text) {
     if (!text.empty()) {
-        UseAntialiasing(false);
-        painter_->setPen(ToQColor(ForeColor()));
+        disc_.Valid = false;
+        const TextRunCache::Run& run = TextRunCache::Get(font_, pixelRatio_, text);
+        QPointF topLeft(CurrentX(), CurrentY());
         if (BackMode() == kBackOpaque) {
-            painter_->setBackgroundMode(Qt::OpaqueMode);
-            painter_->setBackground(ToQColor(BackColor()));
-        } else {
-            painter_->setBackgroundMode(Qt::TransparentMode);
+            painter_->fillRect(QRectF(topLeft, QSizeF(run.Width, metrics_->height())),
+                               ToQColor(BackColor()));
         }
-        painter_->drawText(QPointF(CurrentX(), CurrentY() + metrics_->ascent()), ToQString(text));
+        UseAntialiasing(false);
+        UsePen(ForeColor());
+        painter_->drawStaticText(topLeft, run.Text);
     }
     float height = TextHeight(text);
     SetCurrentX(static_cast<float>(scale_.Left()));
@@ -147,6 +161,15 @@ void QtSurface::Print(const std::string& text) {
 }
 
 void QtSurface::Line(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t colour) {
+    disc_.Valid = false;
+    // Most lines are a list's rows and columns: thin, solid and straight across or down.
+    // Those are filled as the one-pixel rectangle the line would cover, which is the same
+    // pixels at a fraction of the cost of stroking.
+    bool thinSolid = DrawStyle() == kLineSolid && DrawWidth() <= 1;
+    if (thinSolid && (x1 == x2 || y1 == y2)) {
+        painter_->fillRect(Between(x1, y1, x2, y2), ToQColor(colour));
+        return;
+    }
     UseAntialiasing(false);
     UsePen(colour);
     painter_->drawLine(x1, y1, x2, y2);
@@ -154,12 +177,13 @@ void QtSurface::Line(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t col
 
 void QtSurface::DrawBox(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t colour,
                         BoxFill fill) {
-    UseAntialiasing(false);
+    disc_.Valid = false;
     QRect area = Between(x1, y1, x2, y2);
     if (fill == BoxFill::Solid) {
         painter_->fillRect(area, ToQColor(colour));
         return;
     }
+    UseAntialiasing(false);
     UsePen(colour);
     UseBrush(fill == BoxFill::CurrentFill);
     // An aliased outline of a w-wide rectangle covers w + 1 pixels: both corners inside.
@@ -167,16 +191,35 @@ void QtSurface::DrawBox(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t 
 }
 
 void QtSurface::DrawCircle(int32_t cx, int32_t cy, double r, int32_t colour, bool filled) {
+    if (r < 0) return;
+    double halfPen = std::max<int16_t>(DrawWidth(), 1) / 2.0;
+    bool concentric = disc_.Valid && disc_.CX == cx && disc_.CY == cy;
+    bool solid = filled && FillStyle() == kFillSolid;
+    // A wheel's rings lie one inside the other on a disc of the same fill: filling them again
+    // would paint the colour already there, so only their outline is drawn. The ring's
+    // smoothed edge must clear every outline drawn on the disc so far for that to hold.
+    bool alreadyFilled =
+        solid && concentric && FillColor() == disc_.Fill && r + 1 <= disc_.ClearInside;
     UseAntialiasing(true);
     UsePen(colour);
-    UseBrush(filled);
+    UseBrush(solid && !alreadyFilled);
     // Pixel centres sit half a pixel in: this puts a thin smoothed ring where the aliased
     // boxes and lines would put it, rather than smeared over two pixels.
     double shift = DrawWidth() % 2 == 1 ? 0.5 : 0.0;
     painter_->drawEllipse(QPointF(cx + shift, cy + shift), r, r);
+
+    double clearInside = r - halfPen - 1;
+    if (solid && !alreadyFilled) {
+        disc_ = FilledDisc{true, cx, cy, FillColor(), clearInside};
+    } else if (concentric) {
+        disc_.ClearInside = std::min(disc_.ClearInside, clearInside);
+    } else {
+        disc_.Valid = false;
+    }
 }
 
 void QtSurface::Polygon(const std::vector<SurfacePoint>& points) {
+    disc_.Valid = false;
     UseAntialiasing(true);
     UsePen(ForeColor());
     UseBrush(true);
@@ -189,6 +232,7 @@ void QtSurface::Polygon(const std::vector<SurfacePoint>& points) {
 
 void QtSurface::StretchImage(const QImage& image, const RectClass& dest, int16_t stretchMode) {
     if (image.isNull() || dest.IsEmpty()) return;
+    disc_.Valid = false;
     painter_->setRenderHint(QPainter::SmoothPixmapTransform, stretchMode == kStretchHalftone);
     painter_->drawImage(QRect(dest.Left(), dest.Top(), dest.Width(), dest.Height()), image);
 }

@@ -46,8 +46,19 @@ class QtSurface : public DrawingSurface {
     void StretchImage(const QImage& image, const RectClass& dest, int16_t stretchMode) override;
 
   private:
+    // A disc filled in one colour and the innermost edge of the rings drawn on it since:
+    // inside that edge the disc is nothing but its fill.
+    struct FilledDisc {
+        bool Valid = false;
+        int32_t CX = 0;
+        int32_t CY = 0;
+        int32_t Fill = 0;
+        double ClearInside = 0;
+    };
+
     void Init();
-    // The pen of the current line style and width in colour; the brush of the current fill.
+    // Painter state is set only when it changes: switching pens and brushes costs more than
+    // most of the lines drawn with them.
     void UsePen(int32_t colour);
     void UseBrush(bool filled);
     void UseAntialiasing(bool on);
@@ -57,6 +68,16 @@ class QtSurface : public DrawingSurface {
     RectClass scale_;
     QFont font_;
     std::unique_ptr<QFontMetricsF> metrics_;
+    double pixelRatio_ = 1;
+    bool penSet_ = false;
+    int32_t penColour_ = 0;
+    int16_t penStyle_ = 0;
+    int16_t penWidth_ = 0;
+    bool brushSet_ = false;
+    bool brushFilled_ = false;
+    int32_t brushColour_ = 0;
+    bool antialiased_ = false;
+    FilledDisc disc_;
 };
 
 }  // namespace paginox

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QPainter>
 
 #include "model/ModelState.h"
 #include "model/PageFormat.h"
@@ -128,4 +129,50 @@ TEST(QtSurface, PreviewShowsShadowPageAndGreyObject) {
     EXPECT_EQ(At(image, 40, 300), QColor(0, 0, 0));         // page outline
     EXPECT_EQ(At(image, 100, 300), QColor(255, 255, 255));  // page
     EXPECT_EQ(At(image, 400, 300), QColor(224, 224, 224));  // the object
+}
+
+TEST(QtSurface, RingsOnADiscLookAsIfEachWereFilled) {
+    test::EnsureGuiApplication();
+    const double radii[] = {100, 98, 65, 80, 40.5, 30, 30};  // 80 hides the 65 ring
+    QImage drawn(240, 240, QImage::Format_RGB32);
+    drawn.fill(Qt::white);
+    {
+        QtSurface s(drawn);
+        s.SetFillStyle(kFillSolid);
+        s.SetFillColor(Rgb(224, 224, 224));
+        for (double r : radii) s.DrawCircle(120, 120, r, Rgb(128, 128, 128), true);
+    }
+    QImage expected(240, 240, QImage::Format_RGB32);
+    expected.fill(Qt::white);
+    {
+        QPainter p(&expected);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.setPen(QColor(128, 128, 128));
+        p.setBrush(QColor(224, 224, 224));
+        for (double r : radii) p.drawEllipse(QPointF(120.5, 120.5), r, r);
+    }
+    EXPECT_EQ(drawn, expected);
+}
+
+TEST(QtSurface, StraightThinLinesCoverThePixelsAStrokeWould) {
+    test::EnsureGuiApplication();
+    struct L {
+        int x1, y1, x2, y2;
+    };
+    const L lines[] = {{10, 10, 10, 50}, {20, 50, 20, 10}, {5, 60, 90, 60},
+                       {90, 70, 5, 70},  {40, 40, 40, 40}, {30, 5, 80, 45}};
+    QImage drawn(100, 100, QImage::Format_RGB32);
+    drawn.fill(Qt::white);
+    {
+        QtSurface s(drawn);
+        for (const L& l : lines) s.Line(l.x1, l.y1, l.x2, l.y2, Rgb(128, 128, 128));
+    }
+    QImage expected(100, 100, QImage::Format_RGB32);
+    expected.fill(Qt::white);
+    {
+        QPainter p(&expected);
+        p.setPen(QColor(128, 128, 128));
+        for (const L& l : lines) p.drawLine(l.x1, l.y1, l.x2, l.y2);
+    }
+    EXPECT_EQ(drawn, expected);
 }
