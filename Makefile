@@ -28,3 +28,14 @@ test: build
 
 clean:
 	rm -rf $(BUILD)
+
+# Benchmarks (Google Benchmark), not part of "make test": builds and runs them, then prints
+# each figure beside the baseline measured in the same run. BENCH_ARGS go to the program
+# (e.g. BENCH_ARGS=--benchmark_filter=Frame).
+BENCH_ARGS ?=
+
+.PHONY: bench
+
+bench: deps configure
+	cmake --build $(BUILD) --target paginox_bench
+	$(BUILD)/bench/paginox_bench $(BENCH_ARGS)

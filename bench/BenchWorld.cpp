@@ -1,0 +1,136 @@
+#include "BenchWorld.h"
+
+#include <cstdlib>
+#include <random>
+
+#include "model/PageClass.h"
+#include "model/PageFormat.h"
+#include "model/PageObject.h"
+#include "model/PageObjectClass.h"
+#include "model/PageObjectClasses.h"
+#include "persist/FileIO_Page.h"
+#include "persist/Folders.h"
+#include "persist/SpecialFolders.h"
+
+namespace paginox::bench {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Every special folder inside the benchmark's own folder.
+class BenchFolders : public SpecialFolders {
+  public:
+    explicit BenchFolders(std::string root) : root_(std::move(root)) {}
+    std::string Folder(int32_t id) const override {
+        return root_ + "/special" + std::to_string(id);
+    }
+    std::string TemporaryFolder() const override { return root_ + "/temp/"; }
+    std::string WindowsFolder() const override { return root_ + "/windows"; }
+    std::string ProgramFolder() const override { return root_ + "/program"; }
+
+  private:
+    std::string root_;
+};
+
+struct ClassSpec {
+    int16_t shape;
+    const char* name;
+    int16_t charts, fixedLines, textLines, blocks, frame;
+};
+
+// Wheels of one to three charts, lists with rows and columns, a grid, a caption.
+const ClassSpec kClasses[] = {
+    {kShapeCircle, "Single Chart Wheel", 1, 0, 0, 1, 0},
+    {kShapeCircle, "Bi-Wheel", 2, 0, 0, 1, 0},
+    {kShapeCircle, "Tri-Wheel", 3, 0, 0, 1, 0},
+    {kShapeBox, "Point List", 1, 2, 14, 1, 1},
+    {kShapeBox, "Aspect List", 1, 2, 20, 2, 1},
+    {kShapeTriangle, "Aspect Grid", 1, 0, 0, 1, 1},
+    {kShapeBox, "User Caption", 0, 0, 1, 1, 0},
+};
+
+void MakeCatalogue() {
+    PageObjectClasses& all = ObjectClasses();
+    all.SetCount(static_cast<int16_t>(std::size(kClasses)));
+    int16_t id = 1;
+    for (const ClassSpec& spec : kClasses) {
+        auto cls = std::make_shared<PageObjectClass>();
+        cls->SetClassID(id);
+        cls->SetObjectType(id);
+        cls->SetShape(spec.shape);
+        cls->SetFullName(spec.name);
+        cls->SetNumCharts(spec.charts);
+        cls->SetDefaultFixedLines(spec.fixedLines);
+        cls->SetDefaultTextLines(spec.textLines);
+        cls->SetDefaultHorizontalBlocks(spec.blocks);
+        cls->SetDefaultFrameType(spec.frame);
+        cls->SetOCUFlags(kOCUTitleLine);
+        all.SetClass(id++, cls);
+    }
+}
+
+// count objects of the classes in turn, on a grid of cells across the page.
+std::shared_ptr<PageFormat> MixedFormat(int count, std::mt19937& random) {
+    auto format = std::make_shared<PageFormat>();
+    format->SetXPixels(kDrawWidth);
+    format->SetYPixels(kDrawHeight);
+    format->SetYRatio(float(kDrawHeight) / kDrawWidth);
+    int side = 1;
+    while (side * side < count) ++side;
+    std::uniform_real_distribution<float> jitter(0.0f, 0.01f);
+    for (int i = 0; i < count; ++i) {
+        int16_t id = static_cast<int16_t>(1 + i % std::size(kClasses));
+        auto obj = ObjectClasses().Class(id)->CreateInstance(nullptr);
+        float cell = 1.0f / side;
+        obj->SetOrigin(1, (i % side) * cell + jitter(random));
+        obj->SetOrigin(2, (i / side) * cell + jitter(random));
+        obj->SetLength(1, cell * 0.85f);
+        obj->SetLength(2, cell * 0.85f);
+        format->AddObject(obj);
+    }
+    return format;
+}
+
+std::string gRootToRemove;
+
+void RemoveRoot() {
+    std::error_code ec;
+    if (!gRootToRemove.empty()) fs::remove_all(gRootToRemove, ec);
+}
+
+}  // namespace
+
+BenchWorld& World() {
+    static BenchWorld* world = [] {
+        auto* w = new BenchWorld;
+        w->root =
+            fs::temp_directory_path() / ("paginox-bench-" + std::to_string(std::random_device{}()));
+        fs::create_directories(w->root / "pages");
+        fs::create_directories(w->root / "copies");
+        fs::create_directories(w->root / "temp");
+        gRootToRemove = w->root.string();
+        std::atexit(RemoveRoot);
+
+        static BenchFolders folders(w->root.string());
+        AppFolders().FindFolders(0, folders, '/');
+        MakeCatalogue();
+
+        std::mt19937 random(4);
+        for (int i = 0; i < kPageFiles; ++i) {
+            PageClass page;
+            page.InitNewPage();
+            page.SetNumCharts(2);
+            page.SetFormat(1, MixedFormat(kObjectsPerPage, random));
+            std::string name = "page" + std::to_string(i) + ".pag";
+            w->pageFiles.push_back((w->root / "pages" / name).string());
+            w->copyFiles.push_back((w->root / "copies" / name).string());
+            if (!SavePage(w->pageFiles.back(), page)) std::abort();
+        }
+        w->mixed = MixedFormat(kDrawnObjects, random);
+        return w;
+    }();
+    return *world;
+}
+
+}  // namespace paginox::bench

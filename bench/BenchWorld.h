@@ -1,0 +1,36 @@
+#pragma once
+
+// What the benchmarks work on, made once per run in a folder of its own: a small object class
+// catalogue, 1,000 page files of 10 objects, a format of 100 mixed objects, and a folder
+// table whose cache and temporary folders lie inside that folder.
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace paginox {
+class PageFormat;
+}
+
+namespace paginox::bench {
+
+inline constexpr int kPageFiles = 1000;
+inline constexpr int kObjectsPerPage = 10;
+inline constexpr int kThumbnails = 500;
+inline constexpr int kDrawnObjects = 100;
+inline constexpr int kDrawWidth = 1920;
+inline constexpr int kDrawHeight = 1200;
+
+struct BenchWorld {
+    std::filesystem::path root;
+    std::vector<std::string> pageFiles;  // kPageFiles saved pages
+    std::vector<std::string> copyFiles;  // where the benchmarks write them back
+    std::shared_ptr<PageFormat> mixed;   // kDrawnObjects objects of every shape
+    int16_t mixedCharts = 2;             // the page's chart count: chart labels are drawn
+};
+
+// Made on first use; the folder is removed at exit.
+BenchWorld& World();
+
+}  // namespace paginox::bench
