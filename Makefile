@@ -19,9 +19,17 @@ configure: $(BUILD)/build.ninja
 build: deps configure
 	cmake --build $(BUILD)
 
-# Prints the object class catalogue of the bundled sample data.
-run: build
-	$(BUILD)/src/tool/paginox-tool --data $(BUILD)/sample classes
+# Starts the editor on a sample page: the copy in the demo data folder when there is no host
+# installation, as the program itself finds it. Needs a display; says so when there is none.
+RUN_PAGE ?= Birth Chart.pag
+run:
+	@if [ -z "$$DISPLAY" ] && [ -z "$$WAYLAND_DISPLAY" ]; then \
+	  echo 'make run: no display found (DISPLAY and WAYLAND_DISPLAY are unset); start it under Xvfb with: xvfb-run -s "-screen 0 1920x1200x24" make run'; \
+	  exit 0; \
+	fi; \
+	$(MAKE) --no-print-directory build && \
+	pages="$$($(BUILD)/src/tool/paginox-tool folders | awk -F'\t' '$$1 == 10 { print $$2 }')" && \
+	$(BUILD)/src/app/paginox "$${pages}$(RUN_PAGE)"
 
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j2

@@ -1,0 +1,44 @@
+#pragma once
+
+// The standard dialogs the editor asks the user through: files and list choices. The
+// window holds one of these, so tests answer the dialogs without showing any.
+
+#include <QStringList>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+class QWidget;
+
+namespace paginox {
+
+struct FileDialogSpec {
+    std::string Title;
+    std::string Filter;         // classic "Text|pattern" form
+    std::string DefaultSuffix;  // without the dot
+    std::string Folder;         // where the dialog starts (native)
+    std::string FileName;       // the name it proposes (native), may be empty
+};
+
+class EditorDialogs {
+  public:
+    virtual ~EditorDialogs() = default;
+    // The chosen path (native), or nothing when cancelled.
+    virtual std::optional<std::string> OpenFile(QWidget* parent, const FileDialogSpec& spec) = 0;
+    // As OpenFile, asking before an existing file is replaced.
+    virtual std::optional<std::string> SaveFile(QWidget* parent, const FileDialogSpec& spec) = 0;
+    // One of the items, or nothing when cancelled.
+    virtual std::optional<int> ChooseItem(QWidget* parent, const QString& title,
+                                          const QString& label, const QStringList& items) = 0;
+};
+
+// The real dialogs.
+class QtDialogs : public EditorDialogs {
+  public:
+    std::optional<std::string> OpenFile(QWidget* parent, const FileDialogSpec& spec) override;
+    std::optional<std::string> SaveFile(QWidget* parent, const FileDialogSpec& spec) override;
+    std::optional<int> ChooseItem(QWidget* parent, const QString& title, const QString& label,
+                                  const QStringList& items) override;
+};
+
+}  // namespace paginox

@@ -1,0 +1,605 @@
+#include "editor/PageForm.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QStatusBar>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "core/AnsiText.h"
+#include "core/MessageService.h"
+#include "core/NumberFormat.h"
+#include "core/RuntimeError.h"
+#include "editor/CommandLine.h"
+#include "editor/EditStep.h"
+#include "editor/EditorDialogs.h"
+#include "editor/EditorState.h"
+#include "editor/FileRoutines.h"
+#include "editor/InsertDialog.h"
+#include "editor/Manipulation.h"
+#include "editor/ObjectCommands.h"
+#include "editor/PageSizes.h"
+#include "editor/PositionDialog.h"
+#include "editor/PreviewWidget.h"
+#include "editor/PropertyPanel.h"
+#include "editor/QtMessages.h"
+#include "editor/QtText.h"
+#include "model/PageClass.h"
+#include "model/PageFormat.h"
+#include "model/PageObject.h"
+#include "model/PageObjectClass.h"
+#include "model/PageObjectClasses.h"
+#include "model/ScreenTwips.h"
+#include "persist/BinaryFile.h"
+#include "persist/Folders.h"
+#include "persist/XMLOutPage.h"
+
+namespace paginox {
+
+namespace {
+
+// The window is held to at least this size, in twips.
+constexpr double kMinWidthTwips = 9600;
+constexpr double kMinHeightTwips = 7200;
+constexpr int kSidePanelWidth = 340;
+
+// Help by context number, as the host's help file is organised.
+constexpr const char* kHelpFileName = "veltrane.chm";
+
+}  // namespace
+
+PageForm::PageForm(EditorState& state, EditorDialogs& dialogs, QWidget* parent)
+    : QMainWindow(parent),
+      state_(state),
+      dialogs_(dialogs),
+      undo_([this](int32_t id, const PropertyValue& v, int16_t f, int16_t o,
+                   int16_t s) { SetProperty(state_, id, v, f, o, s); },
+            [this](bool canUndo, bool canRedo) {
+                if (auto* a = findChild<QAction*>("mnuUndo")) a->setEnabled(canUndo);
+                if (auto* a = findChild<QAction*>("mnuRedo")) a->setEnabled(canRedo);
+            }),
+      flow_(state, *this) {
+    setObjectName("PageForm");
+    setWindowTitle("Paginox");
+    ShowPopup = [](QMenu& menu, const QPoint& pos) { menu.exec(pos); };
+    BuildControls();
+    BuildMenus();
+    TwipsPerPixel tpp = ScreenTwipsPerPixel();
+    setMinimumSize(static_cast<int>(kMinWidthTwips / tpp.X),
+                   static_cast<int>(kMinHeightTwips / tpp.Y));
+    resize(1180, 820);
+    undo_.Clear();
+}
+
+QString PageForm::DemoDataNote() {
+    return "Demo data in use: no Veltrane installation was found, so the bundled sample data "
+           "is used.";
+}
+
+void PageForm::BuildControls() {
+    auto* central = new QWidget(this);
+    auto* picture = new QFrame(central);
+    picture->setObjectName("Picture1");
+    picture->setFrameShape(QFrame::StyledPanel);
+    preview_ = new PreviewWidget(state_, picture);
+    auto* pictureLayout = new QVBoxLayout(picture);
+    pictureLayout->setContentsMargins(0, 0, 0, 0);
+    pictureLayout->addWidget(preview_);
+
+    auto* side = new QWidget(central);
+    side->setFixedWidth(kSidePanelWidth);
+    sizes_ = new QListWidget(side);
+    sizes_->setObjectName("lstSize");
+    sizes_->setMaximumHeight(sizes_->fontMetrics().lineSpacing() * 6);
+    description_ = new QLineEdit(side);
+    description_->setObjectName("txtDesc");
+    description_->setMaxLength(80);  // what the page file keeps
+    numObjects_ = new QLabel(side);
+    numObjects_->setObjectName("lblNumObjects");
+    numCharts_ = new QLabel(side);
+    numCharts_->setObjectName("lblCharts");
+    properties_ = new PropertyPanel(state_, undo_, dialogs_, side);
+
+    auto* counts = new QGridLayout;
+    counts->addWidget(new QLabel("Objects:", side), 0, 0);
+    counts->addWidget(numObjects_, 0, 1);
+    counts->addWidget(new QLabel("Charts:", side), 0, 2);
+    counts->addWidget(numCharts_, 0, 3);
+    counts->setColumnStretch(1, 1);
+    counts->setColumnStretch(3, 1);
+    auto* sideLayout = new QVBoxLayout(side);
+    sideLayout->setContentsMargins(0, 0, 0, 0);
+    sideLayout->addWidget(new QLabel("Page sizes:", side));
+    sideLayout->addWidget(sizes_);
+    sideLayout->addWidget(new QLabel("Description:", side));
+    sideLayout->addWidget(description_);
+    sideLayout->addLayout(counts);
+    sideLayout->addWidget(properties_, 1);
+
+    auto* layout = new QHBoxLayout(central);
+    layout->addWidget(picture, 1);
+    layout->addWidget(side);
+    setCentralWidget(central);
+    statusBar();
+
+    connect(sizes_, &QListWidget::currentRowChanged, this,
+            [this](int row) { SizeRowClicked(row); });
+    connect(description_, &QLineEdit::editingFinished, this, [this] { DescriptionEdited(); });
+    connect(properties_, &PropertyPanel::objectChosen, this,
+            [this](int16_t index) { ObjectChosen(index); });
+    connect(properties_, &PropertyPanel::propertyChanged, this, [this] { RefreshUI(true); });
+    connect(properties_, &PropertyPanel::editColumnsRequested, this, [this] { EditColumns(); });
+    connect(preview_, &PreviewWidget::pressed, this,
+            [this] { properties_->EditColumnsButton()->setEnabled(false); });
+    connect(preview_, &PreviewWidget::selectionMade, this, [this] { PreviewSelectionMade(); });
+    connect(preview_, &PreviewWidget::dragFinished, this,
+            [this](int16_t mode, float dx, float dy) { PreviewDragFinished(mode, dx, dy); });
+    connect(preview_, &PreviewWidget::popupRequested, this,
+            [this](const QPoint& pos) { PreviewPopup(pos); });
+}
+
+QAction* PageForm::AddAction(QMenu* menu, const char* name, const QString& text,
+                             std::function<void()> handler) {
+    QAction* action = menu->addAction(text);
+    action->setObjectName(name);
+    connect(action, &QAction::triggered, this, [handler = std::move(handler)] { handler(); });
+    return action;
+}
+
+void PageForm::BuildMenus() {
+    QMenu* file = menuBar()->addMenu("&File");
+    file->setObjectName("mnuFile");
+    AddAction(file, "mnuFileNew", "&New", [this] {
+        flow_.FileNew();
+    })->setShortcut(QKeySequence::New);
+    AddAction(file, "mnuFileOpen", "&Open...", [this] {
+        flow_.FileOpen();
+    })->setShortcut(QKeySequence::Open);
+    AddAction(file, "mnuFileSave", "&Save", [this] {
+        flow_.FileSave();
+    })->setShortcut(QKeySequence::Save);
+    AddAction(file, "mnuFileSaveAs", "Save &As...", [this] {
+        flow_.FileSaveAs();
+    })->setShortcut(QKeySequence::SaveAs);
+    file->addSeparator();
+    AddAction(file, "mnuTransXML", "&Translate to XML", [this] { TranslateToXml(); });
+    file->addSeparator();
+    AddAction(file, "mnuExit", "E&xit", [this] { close(); })->setShortcut(QKeySequence::Quit);
+
+    QMenu* edit = menuBar()->addMenu("&Edit");
+    edit->setObjectName("mnuEdit");
+    AddAction(edit, "mnuUndo", "&Undo", [this] {
+        UndoOrRedo(false);
+    })->setShortcut(QKeySequence::Undo);
+    AddAction(edit, "mnuRedo", "&Redo", [this] {
+        UndoOrRedo(true);
+    })->setShortcut(QKeySequence::Redo);
+    edit->addSeparator();
+    AddAction(edit, "mnuEditDesc", "Page &Description", [this] { description_->setFocus(); });
+
+    pageMenu_ = menuBar()->addMenu("&Page");
+    pageMenu_->setObjectName("mnuPage");
+    AddAction(pageMenu_, "mnuPageBrowser", "Page &Browser...",
+              [this] { NotAvailable("The page browser"); });
+    AddAction(pageMenu_, "mnuPageAddSize", "&Add Page Size...",
+              [this] { NotAvailable("Adding a page size"); });
+    AddAction(pageMenu_, "mnuPageDelSize", "&Delete Page Size", [this] { DeletePageSize(); });
+
+    objectMenu_ = menuBar()->addMenu("&Object");
+    objectMenu_->setObjectName("mnuObject");
+    AddAction(objectMenu_, "mnuObjectAdd", "&Add Object...", [this] {
+        AddObject();
+    })->setShortcut(Qt::CTRL | Qt::Key_I);
+    objectMenu_->addSeparator();
+    AddAction(objectMenu_, "mnuPopupCopy", "&Copy Object", [this] { CopyObject(); });
+    AddAction(objectMenu_, "mnuPopupDelete", "&Delete Object", [this] {
+        DeleteSelectedObject();
+    })->setShortcut(QKeySequence::Delete);
+    AddAction(objectMenu_, "mnuPopupEditFlexible", "Edit &Columns...", [this] { EditColumns(); });
+    AddAction(objectMenu_, "mnuPopupMoveToFront", "Move to &Front", [this] { MoveToFront(true); });
+    AddAction(objectMenu_, "mnuPopupMoveToBack", "Move to &Back", [this] { MoveToFront(false); });
+    AddAction(objectMenu_, "mnuPopupAlign", "A&lign...", [this] { AlignObject(); });
+    AddAction(objectMenu_, "mnuPopupPos", "&Position...", [this] { PositionObject(); });
+
+    QMenu* help = menuBar()->addMenu("&Help");
+    help->setObjectName("mnuHelp");
+    AddAction(help, "mnuHelpContents", "&Contents", [this] {
+        HelpContents();
+    })->setShortcut(QKeySequence::HelpContents);
+
+    debugMenu_ = menuBar()->addMenu("&Debug");
+    debugMenu_->setObjectName("mnuDebug");
+    AddAction(debugMenu_, "mnuDebugSummary", "Page &Summary", [this] { ShowPageSummary(); });
+    debugMenu_->menuAction()->setVisible(false);
+
+    connect(pageMenu_, &QMenu::aboutToShow, this, [this] { UpdateMenuState(); });
+    connect(objectMenu_, &QMenu::aboutToShow, this, [this] { UpdateMenuState(); });
+}
+
+void PageForm::UpdateMenuState() {
+    bool several = state_.Page && state_.Page->NumFormats() >= 2;
+    findChild<QAction*>("mnuPageDelSize")->setEnabled(several);
+    std::shared_ptr<PageObject> obj = state_.Selected();
+    for (const char* name : {"mnuPopupMoveToFront", "mnuPopupMoveToBack", "mnuPopupDelete",
+                             "mnuPopupCopy", "mnuPopupAlign", "mnuPopupPos"}) {
+        findChild<QAction*>(name)->setEnabled(obj != nullptr);
+    }
+    findChild<QAction*>("mnuPopupEditFlexible")
+        ->setEnabled(obj && obj->POClass().HasFlexibleListColumns());
+}
+
+void PageForm::Load(const std::string& commandLine) {
+    state_.StartPageSizeIndex = 0;
+    state_.PendingReset = false;
+    state_.DebugMode = false;
+    CommandLine parsed = ParseCommandLine(commandLine);
+    state_.CurrentFile = parsed.FileName;
+    state_.StartPageSizeIndex = parsed.StartPageSizeIndex;
+    state_.DebugMode = parsed.DebugMode;
+    debugMenu_->menuAction()->setVisible(state_.DebugMode);
+    if (state_.UsingDemoData) {
+        auto* note = new QLabel(DemoDataNote(), this);
+        note->setObjectName("lblDemoData");
+        statusBar()->addPermanentWidget(note, 1);
+    }
+    if (FileExists(state_.CurrentFile)) {
+        OpenWorkFile();
+    } else {
+        flow_.NewPage();
+    }
+    if (!state_.PendingReset) RefreshUI(true);
+}
+
+void PageForm::SetObjectClickUpdate(bool update) {
+    objectClickUpdate_ = update;
+    properties_->SetObjectClickUpdate(update);
+}
+
+void PageForm::OpenWorkFile() {
+    flow_.OpenWorkFile();
+}
+
+void PageForm::InitFormatList() {
+    {
+        QSignalBlocker block(sizes_);
+        sizes_->clear();
+    }
+    if (!state_.Page) return;
+    int16_t count = state_.Page->NumFormats();
+    int row = 0;
+    for (int16_t k = 1; k <= count; ++k) {
+        std::shared_ptr<PageFormat> format = state_.Page->GetFormat(k);
+        {
+            QSignalBlocker block(sizes_);
+            sizes_->addItem(format ? FromAnsi(FormatDisplayName(*format)) : QString());
+        }
+        if (format && FormatFitsScreen(*format, ScreenWidth(), ScreenHeight())) row = k - 1;
+    }
+    if (state_.StartPageSizeIndex >= 1 && state_.StartPageSizeIndex <= count) {
+        row = state_.StartPageSizeIndex - 1;
+        state_.StartPageSizeIndex = 0;
+    }
+    if (count > 0) sizes_->setCurrentRow(row);
+}
+
+void PageForm::SizeRowClicked(int row) {
+    if (row < 0 || !state_.Page) return;
+    int16_t index = static_cast<int16_t>(row + 1);
+    if (index == state_.CurrentFormatIndex) return;
+    state_.SetCurrentFormat(index);
+    state_.SelectedObject = 0;
+    if (state_.CurrentFormat) state_.CurrentFormat->ValidatePage();
+    RefreshUI(true);
+}
+
+void PageForm::RefreshUI(bool updateAll) {
+    preview_->Redraw();
+    if (!updateAll) return;
+    std::string file = Trim(state_.CurrentFile);
+    setWindowTitle(QString("Paginox - ") +
+                   (file.empty() ? QString("New Page") : FromPath(ShortPath(state_.CurrentFile))));
+    numObjects_->setText(state_.CurrentFormat ? QString::number(state_.CurrentFormat->NumObjects())
+                                              : QString());
+    numCharts_->setText(state_.Page ? QString::number(state_.Page->NumCharts()) : QString());
+    {
+        QSignalBlocker block(description_);
+        if (state_.Page) description_->setText(FromAnsi(state_.Page->Description()));
+        description_->setCursorPosition(0);
+    }
+    properties_->Rebuild();
+    std::shared_ptr<PageObject> obj = state_.Selected();
+    properties_->EditColumnsButton()->setEnabled(obj && obj->POClass().HasFlexibleListColumns());
+    findChild<QAction*>("mnuUndo")->setEnabled(undo_.CanUndo());
+    findChild<QAction*>("mnuRedo")->setEnabled(undo_.CanRedo());
+    UpdateMenuState();
+}
+
+void PageForm::ObjectChosen(int16_t index) {
+    if (!objectClickUpdate_) return;
+    state_.SelectedObject = index;
+    RefreshUI(false);
+    preview_->DrawMarksDirectly();
+    properties_->RebuildRows();
+    std::shared_ptr<PageObject> obj = state_.Selected();
+    properties_->EditColumnsButton()->setEnabled(obj && obj->POClass().HasFlexibleListColumns());
+    state_.PreviousSelectedObject = state_.SelectedObject;
+    UpdateMenuState();
+}
+
+// A press on the preview chose SelectedObject: the selector follows, which redraws; when it
+// already showed that object only the marks are drawn again.
+void PageForm::PreviewSelectionMade() {
+    int16_t shown = static_cast<int16_t>(properties_->ObjectSelector()->currentIndex());
+    int16_t wanted = state_.Selected() ? state_.SelectedObject : 0;
+    if (shown == wanted) {
+        preview_->DrawMarksDirectly();
+    } else {
+        properties_->ShowSelectedObject();
+    }
+    state_.PreviousSelectedObject = state_.SelectedObject;
+}
+
+void PageForm::PreviewDragFinished(int16_t dragMode, float dx, float dy) {
+    try {
+        EditStep step(state_, undo_);
+        CommitDrag(state_, step, dragMode, dx, dy);
+    } catch (const RuntimeError& e) {
+        ShowMessage(e.Description(), "", MsgIcon::Exclamation);
+    }
+    RefreshUI(true);
+    PreviewSelectionMade();
+}
+
+void PageForm::PreviewPopup(const QPoint& globalPos) {
+    std::shared_ptr<PageObject> obj = state_.Selected();
+    if (!obj) return;
+    UpdateMenuState();
+    QMenu popup(this);
+    popup.setObjectName("mnuPopup");
+    for (const char* name :
+         {"mnuPopupCopy", "mnuPopupDelete", "mnuPopupEditFlexible", "mnuPopupMoveToFront",
+          "mnuPopupMoveToBack", "mnuPopupAlign", "mnuPopupPos"}) {
+        QAction* action = findChild<QAction*>(name);
+        if (std::string(name) == "mnuPopupEditFlexible" &&
+            !obj->POClass().HasFlexibleListColumns()) {
+            continue;
+        }
+        popup.addAction(action);
+    }
+    ShowPopup(popup, globalPos);
+}
+
+void PageForm::DescriptionEdited() {
+    if (!state_.Page) return;
+    try {
+        EditStep step(state_, undo_);
+        if (!step.Set(kPropDescription, ToAnsi(description_->text()), 0, 0, 0)) return;
+    } catch (const RuntimeError& e) {
+        ShowMessage(e.Description(), "", MsgIcon::Exclamation);
+    }
+    RefreshUI(true);
+}
+
+void PageForm::TranslateToXml() {
+    std::optional<std::string> written = TranslateToXML(state_.CurrentFile, state_.Page.get());
+    if (written) statusBar()->showMessage("Translated to " + FromPath(*written), 8000);
+}
+
+void PageForm::NotAvailable(const QString& what) {
+    ShowMessage(ToAnsi(what + " is not available in this version of Paginox."), "",
+                MsgIcon::Information);
+}
+
+void PageForm::DeletePageSize() {
+    if (!state_.Page || state_.Page->NumFormats() < 2) return;
+    if (Messages().Show("Are you sure that you want to delete the current page size from the "
+                        "list of page sizes?",
+                        "Confirm Deletion", MsgButtons::OkCancel, MsgIcon::None) != MsgAnswer::Ok) {
+        return;
+    }
+    state_.Page->DeleteFormat(state_.CurrentFormatIndex);
+    // Format indices in the history no longer name the same formats.
+    undo_.Clear();
+    delete sizes_->takeItem(state_.CurrentFormatIndex - 1);
+    // -1 makes the row handler load format 1 even when it was the one shown before.
+    state_.CurrentFormatIndex = -1;
+    sizes_->setCurrentRow(-1);
+    sizes_->setCurrentRow(0);
+    state_.PageChanged = true;
+}
+
+void PageForm::AddObject() {
+    InsertDialog dialog(state_, ObjectClasses(), this);
+    if (dialog.exec() == QDialog::Accepted) RefreshUI(true);
+}
+
+void PageForm::CopyObject() {
+    if (CopySelectedObject(state_)) RefreshUI(true);
+}
+
+void PageForm::DeleteSelectedObject() {
+    int16_t index = static_cast<int16_t>(properties_->ObjectSelector()->currentIndex());
+    if (!DeleteObject(state_, index, false)) return;
+    // Later objects moved down: the history's object indices no longer hold.
+    undo_.Clear();
+    RefreshUI(true);
+    properties_->EditColumnsButton()->setEnabled(false);
+}
+
+void PageForm::MoveToFront(bool front) {
+    if (!(front ? MoveSelectedToFront(state_) : MoveSelectedToBack(state_))) return;
+    undo_.Clear();
+    RefreshUI(true);
+}
+
+void PageForm::AlignObject() {
+    if (!state_.Selected()) return;
+    const QStringList choices = {"Left edge", "Centre (across)", "Right edge",
+                                 "Top edge",  "Middle (down)",   "Bottom edge"};
+    std::optional<int> choice =
+        dialogs_.ChooseItem(this, "Align Object",
+                            "Line the selected object up with the page's printable area:", choices);
+    if (!choice || *choice < 0) return;
+    try {
+        EditStep step(state_, undo_);
+        AlignSelectedObject(state_, step, static_cast<Alignment>(*choice));
+    } catch (const RuntimeError& e) {
+        ShowMessage(e.Description(), "", MsgIcon::Exclamation);
+    }
+    RefreshUI(true);
+}
+
+void PageForm::PositionObject() {
+    std::shared_ptr<PageObject> obj = state_.Selected();
+    if (!obj) return;
+    PositionDialog dialog(*obj, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    try {
+        EditStep step(state_, undo_);
+        for (int16_t axis = 1; axis <= 2; ++axis) {
+            step.Set(kPropOrigin, dialog.Origin(axis), 0, 0, axis);
+            step.Set(kPropLength, dialog.Length(axis), 0, 0, axis);
+        }
+    } catch (const RuntimeError& e) {
+        ShowMessage(e.Description(), "", MsgIcon::Exclamation);
+    }
+    RefreshUI(true);
+}
+
+void PageForm::EditColumns() {
+    NotAvailable("The column editor");
+}
+
+void PageForm::UndoOrRedo(bool redo) {
+    try {
+        if (redo) {
+            undo_.Redo();
+        } else {
+            undo_.Undo();
+        }
+    } catch (const RuntimeError& e) {
+        ShowMessage(e.Description(), "", MsgIcon::Exclamation);
+    }
+    RefreshUI(true);
+}
+
+void PageForm::HelpContents() {
+    std::string helpFile = AppFolders().Path(kSystemDataFolder) + kHelpFileName;
+    if (FileExists(helpFile) &&
+        QDesktopServices::openUrl(QUrl::fromLocalFile(FromPath(helpFile)))) {
+        return;
+    }
+    ShowMessage(
+        ToAnsi(QString("Paginox edits the page layouts Veltrane shows and prints.\n\n"
+                       "Click an object on the preview to select it; drag it to move it, or drag "
+                       "one of its small grey handles to resize it. Escape abandons a drag. The "
+                       "right mouse button opens the object menu.\n\n"
+                       "Object > Add Object inserts a new object from the catalogue. The list on "
+                       "the right edits the settings of the selected object, or of the page when "
+                       "no object is selected; each change can be undone with Edit > Undo.\n\n"
+                       "The page sizes list switches between the page's formats.")),
+        "Paginox Help", MsgIcon::Information);
+}
+
+void PageForm::ShowPageSummary() {
+    if (state_.Page) ShowMessage(state_.Page->PageSummary(state_.CurrentFile), "Page Summary");
+}
+
+bool PageForm::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) {
+        FinishPendingReset();
+        RefreshUI(true);
+    }
+    return QMainWindow::event(event);
+}
+
+void PageForm::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (!shown_) {
+        shown_ = true;
+        // Without a window manager the window may never be activated: the first showing
+        // finishes a new page too.
+        if (state_.PendingReset) {
+            FinishPendingReset();
+            RefreshUI(true);
+        }
+    }
+}
+
+void PageForm::FinishPendingReset() {
+    if (state_.PendingReset) flow_.ResetNewPage();
+}
+
+void PageForm::closeEvent(QCloseEvent* event) {
+    flow_.Closing();
+    event->accept();
+    // Whatever the answer, the program ends, all its windows with it.
+    QApplication::closeAllWindows();
+    QApplication::quit();
+}
+
+void PageForm::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && state_.SelectedObject >= 1) {
+        preview_->AbandonDrag();
+        return;
+    }
+    QMainWindow::keyPressEvent(event);
+}
+
+void PageForm::ShowOpenDialog(std::string& fileName, bool& cancelled) {
+    FileDialogSpec spec{kOpenDialogTitle, kOpenDialogFilter, kPageExtension,
+                        RTrim(AppFolders().Path(kPagesFolder)), fileName};
+    if (!spec.Folder.empty() && spec.Folder.back() == kNativeSeparator) spec.Folder.pop_back();
+    std::optional<std::string> chosen = dialogs_.OpenFile(this, spec);
+    cancelled = !chosen;
+    if (chosen) fileName = *chosen;
+}
+
+void PageForm::ShowSaveAsDialog(std::string& fileName, bool& cancelled) {
+    FileDialogSpec spec{kSaveDialogTitle, kSaveDialogFilter, kPageExtension,
+                        AppFolders().Path(kPagesFolder), fileName};
+    if (!spec.Folder.empty() && spec.Folder.back() == kNativeSeparator) spec.Folder.pop_back();
+    std::optional<std::string> chosen = dialogs_.SaveFile(this, spec);
+    cancelled = !chosen;
+    if (chosen) fileName = *chosen;
+}
+
+bool PageForm::WindowActive() {
+    return QApplication::activeWindow() != nullptr;
+}
+
+int PageForm::ScreenWidth() {
+    QScreen* s = screen() ? screen() : QGuiApplication::primaryScreen();
+    return s ? s->geometry().width() : 800;
+}
+
+int PageForm::ScreenHeight() {
+    QScreen* s = screen() ? screen() : QGuiApplication::primaryScreen();
+    return s ? s->geometry().height() : 600;
+}
+
+int PageForm::ScreenLogPixels() {
+    QScreen* s = screen() ? screen() : QGuiApplication::primaryScreen();
+    return s ? static_cast<int>(s->logicalDotsPerInchX() + 0.5) : 96;
+}
+
+void PageForm::PageReplaced() {
+    undo_.Clear();
+    state_.Rects = PreviewRects{};
+    state_.SelectionMarks.Clear();
+}
+
+}  // namespace paginox

@@ -1,0 +1,118 @@
+#pragma once
+
+// The main window: the preview of the current format, the list of the page's formats, the
+// property list and the menus. Commands change the model through the editor's routines and
+// end with RefreshUI.
+
+#include <QMainWindow>
+#include <functional>
+#include <string>
+
+#include "editor/DocumentFlow.h"
+#include "editor/UndoManager.h"
+
+class QAction;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QMenu;
+
+namespace paginox {
+
+class EditorDialogs;
+class EditorState;
+class PreviewWidget;
+class PropertyPanel;
+
+class PageForm : public QMainWindow, private DocumentHost {
+    Q_OBJECT
+
+  public:
+    PageForm(EditorState& state, EditorDialogs& dialogs, QWidget* parent = nullptr);
+
+    // The load handler: reads the command line, then opens the named file when it exists
+    // or makes a new page.
+    void Load(const std::string& commandLine);
+
+    void SetObjectClickUpdate(bool update);
+    void OpenWorkFile();
+    void InitFormatList() override;
+    void RefreshUI(bool updateAll) override;
+
+    EditorState& State() { return state_; }
+    UndoManager& History() { return undo_; }
+    DocumentFlow& Document() { return flow_; }
+    PreviewWidget* Preview() const { return preview_; }
+    PropertyPanel* Properties() const { return properties_; }
+    QListWidget* SizeList() const { return sizes_; }
+
+    // How the object pop-up menu is shown; tests replace it to see the menu without running it.
+    std::function<void(QMenu& menu, const QPoint& globalPos)> ShowPopup;
+    // The program's own title shown as a note when the folders are the demo copy.
+    static QString DemoDataNote();
+
+  protected:
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    // DocumentHost
+    void ShowOpenDialog(std::string& fileName, bool& cancelled) override;
+    void ShowSaveAsDialog(std::string& fileName, bool& cancelled) override;
+    bool WindowActive() override;
+    int ScreenWidth() override;
+    int ScreenHeight() override;
+    int ScreenLogPixels() override;
+    void PageReplaced() override;
+
+    void BuildControls();
+    void BuildMenus();
+    QAction* AddAction(QMenu* menu, const char* name, const QString& text,
+                       std::function<void()> handler);
+    void FinishPendingReset();
+    void UpdateMenuState();
+
+    // Events of the controls.
+    void SizeRowClicked(int row);
+    void ObjectChosen(int16_t index);
+    void PreviewSelectionMade();
+    void PreviewDragFinished(int16_t dragMode, float dx, float dy);
+    void PreviewPopup(const QPoint& globalPos);
+    void DescriptionEdited();
+
+    // Commands.
+    void TranslateToXml();
+    void NotAvailable(const QString& what);
+    void DeletePageSize();
+    void AddObject();
+    void CopyObject();
+    void DeleteSelectedObject();
+    void MoveToFront(bool front);
+    void AlignObject();
+    void PositionObject();
+    void EditColumns();
+    void UndoOrRedo(bool redo);
+    void HelpContents();
+    void ShowPageSummary();
+
+    EditorState& state_;
+    EditorDialogs& dialogs_;
+    UndoManager undo_;
+    DocumentFlow flow_;
+    bool objectClickUpdate_ = true;
+    bool shown_ = false;
+
+    PreviewWidget* preview_ = nullptr;
+    QListWidget* sizes_ = nullptr;
+    QLineEdit* description_ = nullptr;
+    QLabel* numObjects_ = nullptr;
+    QLabel* numCharts_ = nullptr;
+    PropertyPanel* properties_ = nullptr;
+    QMenu* objectMenu_ = nullptr;
+    QMenu* pageMenu_ = nullptr;
+    QMenu* debugMenu_ = nullptr;
+};
+
+}  // namespace paginox

@@ -1,0 +1,181 @@
+#include "editor/PreviewWidget.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "core/Rounding.h"
+#include "editor/EditorState.h"
+#include "editor/Manipulation.h"
+#include "model/PageClass.h"
+#include "model/PageFormat.h"
+#include "model/PageObject.h"
+#include "model/PageObjectClass.h"
+#include "render/PreviewRefresh.h"
+#include "render/QtSurface.h"
+
+namespace paginox {
+
+namespace {
+
+// The margin frame leaves this colour in force; the marks are drawn in it.
+constexpr int32_t kMarkColour = Rgb(192, 192, 192);
+constexpr int32_t kDragOutlineColour = Rgb(0, 0, 0);
+
+Qt::CursorShape CursorFor(int16_t pointer) {
+    switch (pointer) {
+        case kPointerSizeAll:
+            return Qt::SizeAllCursor;
+        case kPointerSizeNESW:
+            return Qt::SizeBDiagCursor;
+        case kPointerSizeNS:
+            return Qt::SizeVerCursor;
+        case kPointerSizeWE:
+            return Qt::SizeHorCursor;
+        default:
+            return Qt::ArrowCursor;
+    }
+}
+
+}  // namespace
+
+PreviewWidget::PreviewWidget(EditorState& state, QWidget* parent) : QWidget(parent), state_(state) {
+    setObjectName("Preview");
+    setMouseTracking(true);
+    setFocusPolicy(Qt::ClickFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMinimumSize(200, 150);
+}
+
+void PreviewWidget::Redraw() {
+    qreal ratio = devicePixelRatioF();
+    QPixmap pixmap(size() * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(QColor(192, 192, 192));
+    if (state_.Page && state_.CurrentFormat) {
+        QtSurface surface(pixmap);
+        RefreshPreview(surface, state_.Page->NumCharts(), state_.CurrentFormat.get(), true,
+                       state_.SelectedObject, state_.Rects, state_.SelectionMarks);
+    }
+    page_ = pixmap;
+    outline_.reset();
+    update();
+}
+
+void PreviewWidget::DrawMarksDirectly() {
+    std::shared_ptr<PageObject> obj = state_.Selected();
+    if (!obj || state_.SelectedObject > state_.Rects.ObjectCount()) return;
+    state_.SelectionMarks.PlaceFor(state_.Rects.Object(state_.SelectedObject),
+                                   obj->POClass().Shape());
+    QtSurface surface(page_);
+    surface.SetForeColor(kMarkColour);
+    state_.SelectionMarks.Draw(surface);
+    update();
+}
+
+void PreviewWidget::AbandonDrag() {
+    EndDrag();
+    Redraw();
+    SetPointer(kPointerDefault);
+}
+
+void PreviewWidget::EndDrag() {
+    downX_ = 0;
+    downY_ = 0;
+    dragMode_ = kDragNone;
+    mouseIsDown_ = false;
+    outline_.reset();
+}
+
+void PreviewWidget::SetPointer(int16_t pointer) {
+    setCursor(CursorFor(pointer));
+}
+
+void PreviewWidget::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, page_);
+    if (!outline_) return;
+    RectClass scale;
+    scale.InitTo(0, 0, width(), height());
+    QtSurface surface(painter, scale);
+    surface.SetDrawWidth(1);
+    surface.SetDrawStyle(kLineDash);
+    surface.SetFillStyle(kFillTransparent);
+    surface.SetForeColor(kDragOutlineColour);
+    outline_->DrawShape(surface, outlineShape_);
+}
+
+void PreviewWidget::resizeEvent(QResizeEvent*) {
+    Redraw();
+}
+
+void PreviewWidget::mousePressEvent(QMouseEvent* event) {
+    float x = static_cast<float>(event->position().x());
+    float y = static_cast<float>(event->position().y());
+    bool right = event->button() == Qt::RightButton;
+    if (dragMode_ >= 2 && !right) {
+        // A handle was under the pointer: the press starts a resize of the selection.
+        downX_ = x;
+        downY_ = y;
+        mouseIsDown_ = true;
+        return;
+    }
+    emit pressed();
+    int16_t hit = HitTestObjects(state_, x, y);
+    if (right) {
+        if (hit == 0) return;
+        state_.SelectedObject = hit;
+        emit selectionMade();
+        emit popupRequested(event->globalPosition().toPoint());
+        return;
+    }
+    state_.SelectedObject = hit;
+    if (hit == 0) {
+        state_.PreviousSelectedObject = 0;
+        dragMode_ = kDragNone;
+    } else {
+        dragMode_ = kDragMove;
+    }
+    downX_ = x;
+    downY_ = y;
+    emit selectionMade();
+    mouseIsDown_ = true;
+}
+
+void PreviewWidget::mouseMoveEvent(QMouseEvent* event) {
+    std::shared_ptr<PageObject> obj = state_.Selected();
+    if (!obj) return;
+    float x = static_cast<float>(event->position().x());
+    float y = static_cast<float>(event->position().y());
+    if (event->buttons() == Qt::NoButton) {
+        int16_t mark = MarkAt(state_.SelectionMarks, x, y);
+        dragMode_ = mark;
+        SetPointer(mark >= 2 ? PointerFor(mark) : int16_t(kPointerDefault));
+        return;
+    }
+    if (!(event->buttons() & Qt::LeftButton) || !mouseIsDown_ || dragMode_ == kDragNone) return;
+    if (state_.SelectedObject > state_.Rects.ObjectCount()) return;
+    if (dragMode_ == kDragMove) SetPointer(kPointerSizeAll);
+    outlineShape_ = obj->POClass().Shape();
+    outline_ = DraggedRect(state_.Rects.Object(state_.SelectedObject), outlineShape_, dragMode_,
+                           ToInt32(x - downX_), ToInt32(y - downY_));
+    update();
+}
+
+void PreviewWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || state_.SelectedObject < 1 || !mouseIsDown_) {
+        if (event->button() == Qt::LeftButton) EndDrag();
+        return;
+    }
+    float dx = static_cast<float>(event->position().x()) - downX_;
+    float dy = static_cast<float>(event->position().y()) - downY_;
+    int16_t mode = dragMode_;
+    EndDrag();
+    if (IsClick(dx, dy)) {
+        update();
+        DrawMarksDirectly();
+        return;
+    }
+    emit dragFinished(mode, dx, dy);
+}
+
+}  // namespace paginox

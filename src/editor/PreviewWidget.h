@@ -1,0 +1,67 @@
+#pragma once
+
+// The preview picture box: the current format drawn once into a pixmap, with the drag
+// outline painted over it while an object is moved or resized. It turns mouse events into
+// selections and reports a finished drag; the window makes the change.
+
+#include <QPixmap>
+#include <QWidget>
+#include <cstdint>
+#include <optional>
+
+#include "model/RectClass.h"
+
+namespace paginox {
+
+class EditorState;
+
+class PreviewWidget : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit PreviewWidget(EditorState& state, QWidget* parent = nullptr);
+
+    // Draws the current format afresh (the refresh rules of the render layer).
+    void Redraw();
+    // Places the selected object's marks and draws them over the drawn page.
+    void DrawMarksDirectly();
+    // Forgets the mouse operation under way and shows the page without its outline.
+    void AbandonDrag();
+
+    int16_t DragMode() const { return dragMode_; }
+    bool MouseIsDown() const { return mouseIsDown_; }
+    // The drawn page, as the user sees it without the drag outline.
+    const QPixmap& PagePixmap() const { return page_; }
+
+  signals:
+    // A press selected SelectedObject (0: none); the window shows the selection.
+    void selectionMade();
+    // A right-button press selected an object: its menu is wanted at the global position.
+    void popupRequested(const QPoint& globalPos);
+    // A press started on the preview: the column editor no longer applies.
+    void pressed();
+    // The button went up after a drag of the selected object by (dx, dy) pixels.
+    void dragFinished(int16_t dragMode, float dx, float dy);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    void SetPointer(int16_t pointer);
+    void EndDrag();
+
+    EditorState& state_;
+    QPixmap page_;
+    int16_t dragMode_ = 0;
+    float downX_ = 0;
+    float downY_ = 0;
+    bool mouseIsDown_ = false;
+    std::optional<RectClass> outline_;  // where the dragged object would land
+    int16_t outlineShape_ = 0;
+};
+
+}  // namespace paginox

@@ -1,0 +1,249 @@
+#include "editor/PropertyPanel.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStyledItemDelegate>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include "core/MessageService.h"
+#include "core/RuntimeError.h"
+#include "editor/EditStep.h"
+#include "editor/EditorDialogs.h"
+#include "editor/EditorState.h"
+#include "editor/ObjectCommands.h"
+#include "editor/QtText.h"
+#include "model/PageClass.h"
+#include "model/PageFormat.h"
+#include "model/PageObject.h"
+#include "persist/Folders.h"
+
+namespace paginox {
+
+namespace {
+
+// Edits a value in place: a list of choices for Boolean and choice rows (cmbProperty), a
+// line of text for the others. The value is handed to the panel once the editor has closed,
+// since storing it rebuilds the list.
+class PropertyDelegate : public QStyledItemDelegate {
+  public:
+    explicit PropertyDelegate(PropertyPanel& panel) : QStyledItemDelegate(&panel), panel_(panel) {}
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                          const QModelIndex& index) const override {
+        const PropertyRow& row = panel_.Rows().at(static_cast<size_t>(index.row()));
+        if (row.Kind == RowKind::Boolean || row.Kind == RowKind::Choice) {
+            auto* combo = new QComboBox(parent);
+            combo->setObjectName("cmbProperty");
+            if (row.Kind == RowKind::Boolean) {
+                combo->addItems({"True", "False"});
+            } else {
+                for (const auto& choice : row.Choices) combo->addItem(FromAnsi(choice.second));
+            }
+            auto* self = const_cast<PropertyDelegate*>(this);
+            connect(combo, &QComboBox::activated, self, [self, combo] {
+                emit self->commitData(combo);
+                emit self->closeEditor(combo);
+            });
+            return combo;
+        }
+        auto* edit = new QLineEdit(parent);
+        edit->setObjectName("txtProperty");
+        if (row.MaxLength > 0) edit->setMaxLength(static_cast<int>(row.MaxLength));
+        return edit;
+    }
+
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override {
+        QString text = index.data().toString();
+        if (auto* combo = qobject_cast<QComboBox*>(editor)) {
+            combo->setCurrentIndex(std::max(0, combo->findText(text)));
+        } else if (auto* edit = qobject_cast<QLineEdit*>(editor)) {
+            edit->setText(text);
+        }
+    }
+
+    void setModelData(QWidget* editor, QAbstractItemModel*,
+                      const QModelIndex& index) const override {
+        QString text;
+        if (auto* combo = qobject_cast<QComboBox*>(editor)) text = combo->currentText();
+        if (auto* edit = qobject_cast<QLineEdit*>(editor)) text = edit->text();
+        if (text == index.data().toString()) return;
+        int row = index.row();
+        PropertyPanel* panel = &panel_;
+        QMetaObject::invokeMethod(
+            panel, [panel, row, text] { panel->ApplyText(row, text); }, Qt::QueuedConnection);
+    }
+
+  private:
+    PropertyPanel& panel_;
+};
+
+}  // namespace
+
+PropertyPanel::PropertyPanel(EditorState& state, UndoManager& undo, EditorDialogs& dialogs,
+                             QWidget* parent)
+    : QWidget(parent), state_(state), undo_(undo), dialogs_(dialogs) {
+    objects_ = new QComboBox(this);
+    objects_->setObjectName("cmbObjects");
+    list_ = new QTableWidget(0, 2, this);
+    list_->setObjectName("PropertyList");
+    list_->setHorizontalHeaderLabels({"Property", "Value"});
+    list_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    list_->horizontalHeader()->setStretchLastSection(true);
+    list_->verticalHeader()->hide();
+    list_->verticalHeader()->setDefaultSectionSize(list_->fontMetrics().height() + 8);
+    list_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    list_->setSelectionMode(QAbstractItemView::SingleSelection);
+    list_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
+                           QAbstractItemView::AnyKeyPressed);
+    list_->setItemDelegateForColumn(1, new PropertyDelegate(*this));
+    help_ = new QLabel(this);
+    help_->setObjectName("lblPropHelp");
+    help_->setWordWrap(true);
+    help_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    help_->setFrameShape(QFrame::StyledPanel);
+    help_->setMinimumHeight(help_->fontMetrics().lineSpacing() * 5);
+    help_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    more_ = new QPushButton(">", this);
+    more_->setObjectName("btnMore");
+    more_->setToolTip("Browse for a file");
+    more_->setEnabled(false);
+    editColumns_ = new QPushButton("Edit Columns...", this);
+    editColumns_->setObjectName("btnEditColumns");
+    editColumns_->setEnabled(false);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(more_);
+    buttons->addStretch();
+    buttons->addWidget(editColumns_);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(objects_);
+    layout->addWidget(list_, 1);
+    layout->addWidget(help_);
+    layout->addLayout(buttons);
+
+    connect(objects_, &QComboBox::currentIndexChanged, this, [this](int index) {
+        if (objectClickUpdate_ && index >= 0) emit objectChosen(static_cast<int16_t>(index));
+    });
+    connect(list_, &QTableWidget::currentCellChanged, this, [this] { ShowHelp(); });
+    connect(more_, &QPushButton::clicked, this, [this] { BrowseForRow(); });
+    connect(editColumns_, &QPushButton::clicked, this, [this] { emit editColumnsRequested(); });
+}
+
+void PropertyPanel::Rebuild() {
+    bool update = objectClickUpdate_;
+    objectClickUpdate_ = false;
+    objects_->clear();
+    objects_->addItem("Page");
+    if (state_.CurrentFormat) {
+        for (int16_t k = 1; k <= state_.CurrentFormat->NumObjects(); ++k) {
+            objects_->addItem(FromAnsi(ObjectCaption(state_, k)));
+        }
+    }
+    objects_->setCurrentIndex(state_.Selected() ? state_.SelectedObject : 0);
+    objectClickUpdate_ = update;
+    FillRows();
+}
+
+void PropertyPanel::ShowSelectedObject() {
+    objects_->setCurrentIndex(state_.Selected() ? state_.SelectedObject : 0);
+}
+
+void PropertyPanel::RebuildRows() {
+    FillRows();
+}
+
+void PropertyPanel::FillRows() {
+    QString chosen;
+    if (list_->currentRow() >= 0 && list_->item(list_->currentRow(), 0)) {
+        chosen = list_->item(list_->currentRow(), 0)->text();
+    }
+    rows_ = BuildPropertyRows(state_);
+    QSignalBlocker block(list_);
+    list_->clearContents();
+    list_->setRowCount(static_cast<int>(rows_.size()));
+    int current = 0;
+    for (int i = 0; i < static_cast<int>(rows_.size()); ++i) {
+        const PropertyRow& row = rows_[static_cast<size_t>(i)];
+        auto* label = new QTableWidgetItem(FromAnsi(row.Label));
+        label->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+        label->setToolTip(FromAnsi(row.Help));
+        auto* value = new QTableWidgetItem(ValueText(row));
+        value->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable);
+        list_->setItem(i, 0, label);
+        list_->setItem(i, 1, value);
+        if (label->text() == chosen) current = i;
+    }
+    if (!rows_.empty()) list_->setCurrentCell(current, 1);
+    ShowHelp();
+}
+
+QString PropertyPanel::ValueText(const PropertyRow& row) const {
+    try {
+        return FromAnsi(RowValueText(state_, row));
+    } catch (const RuntimeError&) {
+        return QString();
+    }
+}
+
+void PropertyPanel::ShowHelp() {
+    int row = list_->currentRow();
+    if (row < 0 || row >= static_cast<int>(rows_.size())) {
+        help_->clear();
+        more_->setEnabled(false);
+        return;
+    }
+    const PropertyRow& r = rows_[static_cast<size_t>(row)];
+    help_->setText(FromAnsi(r.Help));
+    more_->setEnabled(r.Kind == RowKind::File);
+}
+
+bool PropertyPanel::ApplyText(int row, const QString& text) {
+    if (row < 0 || row >= static_cast<int>(rows_.size())) return false;
+    const PropertyRow r = rows_[static_cast<size_t>(row)];
+    RowInput input = ParseRowInput(r, ToAnsi(text));
+    if (!input.Value) {
+        Messages().Show(input.Message, input.Title, MsgButtons::Ok, MsgIcon::Exclamation);
+        if (QTableWidgetItem* item = list_->item(row, 1)) item->setText(ValueText(r));
+        return false;
+    }
+    try {
+        EditStep step(state_, undo_);
+        step.Set(r.Id, *input.Value, 0, 0, r.SubIndex);
+        // Keep what depends on the value in line, in the same step.
+        if (r.Id == kPropChartNum && state_.Page->MaxNumCharts() > state_.Page->NumCharts()) {
+            step.Set(kPropPageNumCharts, state_.Page->MaxNumCharts(), 0, 0, 0);
+        }
+        std::shared_ptr<PageObject> obj = state_.Selected();
+        if (r.Id == kPropTextLines && obj && obj->HorzBlocks() > obj->TextLines()) {
+            step.Set(kPropHorzBlocks, obj->TextLines(), 0, 0, 0);
+        }
+    } catch (const RuntimeError& e) {
+        ShowMessage(e.Description(), "", MsgIcon::Exclamation);
+    }
+    emit propertyChanged();
+    return true;
+}
+
+void PropertyPanel::BrowseForRow() {
+    int row = list_->currentRow();
+    if (row < 0 || row >= static_cast<int>(rows_.size())) return;
+    const PropertyRow& r = rows_[static_cast<size_t>(row)];
+    if (r.Kind != RowKind::File) return;
+    PickerSpec picker = PickerFor(r.Picker);
+    FileDialogSpec spec;
+    spec.Title = std::string("Select ") + picker.Subject;
+    spec.Filter = picker.Filter;
+    spec.DefaultSuffix = picker.DefaultExtension;
+    spec.Folder = AppFolders().Path(picker.Folder);
+    std::optional<std::string> path = dialogs_.OpenFile(this, spec);
+    if (!path) return;
+    ApplyText(row, FromAnsi(PickedFileValue(r.Picker, *path)));
+}
+
+}  // namespace paginox

@@ -1,0 +1,75 @@
+#include "editor/StartUp.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLockFile>
+#include <QScreen>
+#include <QStandardPaths>
+
+#include "core/MessageService.h"
+#include "editor/CommandLine.h"
+#include "editor/EditorDialogs.h"
+#include "editor/EditorState.h"
+#include "editor/PageForm.h"
+#include "editor/QtMessages.h"
+#include "editor/QtText.h"
+#include "model/PageObjectClasses.h"
+#include "model/ScreenTwips.h"
+#include "persist/DefinitionReaders.h"
+#include "persist/DemoEnvironment.h"
+#include "persist/FileIO_OClass.h"
+#include "persist/Folders.h"
+
+namespace paginox {
+
+bool ConfirmSecondCopy() {
+    std::string text = std::string("A copy of ") + kProgramTitle + " is already running." + kCrLf +
+                       kCrLf + "Are you sure that you want to start another copy?";
+    return Messages().Show(text, kProgramTitle, MsgButtons::YesNo, MsgIcon::Question) ==
+           MsgAnswer::Yes;
+}
+
+QString InstanceLockPath() {
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (folder.isEmpty()) folder = QDir::tempPath();
+    return folder + "/paginox.lock";
+}
+
+int RunEditor(QApplication& app) {
+    QApplication::setApplicationName(kProgramTitle);
+    QtMessages messages;
+    ScopedMessageService useMessages(messages);
+
+    // 1. Another copy running?
+    QLockFile lock(InstanceLockPath());
+    lock.setStaleLockTime(0);
+    if (!lock.tryLock(0) && !ConfirmSecondCopy()) return 0;
+
+    // 2. The screen's twips per pixel, asked each time they are needed.
+    SetTwipsPerPixelSource([] {
+        QScreen* screen = QGuiApplication::primaryScreen();
+        float dpiX = screen ? static_cast<float>(screen->logicalDotsPerInchX()) : 96.0f;
+        float dpiY = screen ? static_cast<float>(screen->logicalDotsPerInchY()) : 96.0f;
+        return TwipsPerPixel{1440.0f / dpiX, 1440.0f / dpiY};
+    });
+
+    // 3 to 5. The folders (a real installation or the demo copy) and the definitions.
+    EditorState state;
+    state.UsingDemoData =
+        InitFolders(FindSampleFolder(ToPath(QCoreApplication::applicationDirPath())));
+    LoadDefinitions(AppFolders(),
+                    [](const std::string& path) { LoadObjectClasses(path, ObjectClasses()); });
+
+    // 6 and 7. The selection marks live in the state; the window loads on the command line.
+    QtDialogs dialogs;
+    PageForm form(state, dialogs);
+    QStringList args = QCoreApplication::arguments();
+    args.removeFirst();
+    std::vector<std::string> words;
+    for (const QString& a : args) words.push_back(ToPath(a));
+    form.Load(JoinArguments(words));
+    form.show();
+    return app.exec();
+}
+
+}  // namespace paginox

@@ -1,0 +1,146 @@
+#pragma once
+
+// The real main window on the offscreen platform, on a copy of a sample page, with the
+// sample catalogue, messages recorded and file dialogs answered from a script.
+
+#include <QApplication>
+#include <QTest>
+#include <cstdlib>
+#include <deque>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "editor/EditorDialogs.h"
+#include "editor/EditorState.h"
+#include "editor/PageForm.h"
+#include "editor/PreviewWidget.h"
+#include "model/ModelState.h"
+#include "model/PageClass.h"
+#include "model/PageFormat.h"
+#include "model/PageObject.h"
+#include "model/PageObjectClass.h"
+#include "persist/DefinitionReaders.h"
+#include "persist/FileIO_OClass.h"
+#include "support/RecordingMessages.h"
+#include "support/ScopedAppFolders.h"
+
+namespace paginox::test {
+
+inline void EnsureWidgetApplication() {
+    if (QApplication::instance()) return;
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    static int argc = 1;
+    static char name[] = "paginox-editor-test";
+    static char* argv[] = {name, nullptr};
+    new QApplication(argc, argv);  // kept to the end: fonts outlive the tests' statics
+}
+
+// Runs what the last events queued, and what that queued in turn (an item view commits an
+// edit through a queued call, and the list applies it through another).
+inline void SettleEvents() {
+    for (int i = 0; i < 4; ++i) QApplication::processEvents();
+}
+
+// File dialogs answer in order: a path, or nothing for Cancel. Every dialog is remembered.
+class ScriptedDialogs : public EditorDialogs {
+  public:
+    std::deque<std::optional<std::string>> Answers;
+    std::deque<int> Choices;
+    std::vector<FileDialogSpec> Shown;
+
+    std::optional<std::string> OpenFile(QWidget*, const FileDialogSpec& spec) override {
+        return Next(spec);
+    }
+    std::optional<std::string> SaveFile(QWidget*, const FileDialogSpec& spec) override {
+        return Next(spec);
+    }
+    std::optional<int> ChooseItem(QWidget*, const QString&, const QString&,
+                                  const QStringList&) override {
+        if (Choices.empty()) return std::nullopt;
+        int c = Choices.front();
+        Choices.pop_front();
+        return c;
+    }
+
+  private:
+    std::optional<std::string> Next(const FileDialogSpec& spec) {
+        Shown.push_back(spec);
+        if (Answers.empty()) return std::nullopt;
+        std::optional<std::string> a = Answers.front();
+        Answers.pop_front();
+        return a;
+    }
+};
+
+class PageFormFixture {
+  public:
+    // The sample page "Birth Chart.pag": a wheel, a point list, an aspect grid (a triangle)
+    // and a chart data box, on four formats.
+    explicit PageFormFixture(const std::string& commandLineExtra = "", bool withFile = true) {
+        EnsureWidgetApplication();
+        const std::string sample = PAGINOX_SAMPLE_DIR;
+        Definitions().DefinitionsFolder = sample + "/System/";
+        InstallDefinitionReaders();
+        LoadObjectClasses(sample + "/System/objects.dfn", ObjectClasses());
+        page = folders.Dir() / "Birth Chart.pag";
+        std::filesystem::copy_file(sample + "/User Files/Pages/Birth Chart.pag", page);
+        form = std::make_unique<PageForm>(state, dialogs);
+        form->resize(1200, 860);
+        form->Load(commandLineExtra + (withFile ? " \"" + page + "\"" : ""));
+        form->show();
+        QTest::qWaitForWindowExposed(form.get());
+        QApplication::processEvents();
+    }
+    ~PageFormFixture() {
+        form->hide();
+        form.reset();
+    }
+
+    PreviewWidget* Preview() { return form->Preview(); }
+    PageObject& Object(int16_t k) { return *state.CurrentFormat->Object(k); }
+    const PageObjectClass& Class(int16_t k) { return state.CurrentFormat->POClass(k); }
+    // The first object of the current format whose class has that shape.
+    int16_t FirstOfShape(int16_t shape) {
+        for (int16_t k = 1; k <= state.CurrentFormat->NumObjects(); ++k) {
+            if (Class(k).Shape() == shape) return k;
+        }
+        return 0;
+    }
+    const RectClass& Rect(int16_t k) { return state.Rects.Object(k); }
+    // A point inside object k that no later object covers: its shape's inner corner area.
+    QPoint Inside(int16_t k) {
+        const RectClass& r = Rect(k);
+        if (Class(k).Shape() == kShapeTriangle) return {r.Left() + 4, r.Bottom() - 4};
+        return {r.CenterX(), r.CenterY()};
+    }
+    void Trigger(const char* action) {
+        QAction* a = form->findChild<QAction*>(action);
+        if (a) a->trigger();
+        QApplication::processEvents();
+    }
+    // A press, a move in two steps and a release with the left button.
+    void Drag(QPoint from, QPoint to) {
+        QTest::mousePress(Preview(), Qt::LeftButton, {}, from);
+        QTest::mouseMove(Preview(), (from + to) / 2);
+        QTest::mouseMove(Preview(), to);
+        QTest::mouseRelease(Preview(), Qt::LeftButton, {}, to);
+        QApplication::processEvents();
+    }
+    // Hovers with no button held, as the pointer passing over the preview does.
+    void Hover(QPoint at) {
+        QMouseEvent move(QEvent::MouseMove, QPointF(at), Preview()->mapToGlobal(QPointF(at)),
+                         Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(Preview(), &move);
+    }
+
+    ScopedModelState model;
+    ScopedAppFolders folders;
+    RecordingMessages messages;
+    ScriptedDialogs dialogs;
+    EditorState state;
+    std::string page;
+    std::unique_ptr<PageForm> form;
+};
+
+}  // namespace paginox::test
