@@ -413,7 +413,10 @@ void PageForm::DeletePageSize() {
     state_.Page->DeleteFormat(state_.CurrentFormatIndex);
     // Format indices in the history no longer name the same formats.
     undo_.Clear();
-    delete sizes_->takeItem(state_.CurrentFormatIndex - 1);
+    {
+        QSignalBlocker block(sizes_);
+        delete sizes_->takeItem(state_.CurrentFormatIndex - 1);
+    }
     // -1 makes the row handler load format 1 even when it was the one shown before.
     state_.CurrentFormatIndex = -1;
     sizes_->setCurrentRow(-1);

@@ -48,7 +48,7 @@ class PageForm : public QMainWindow, private DocumentHost {
 
     // How the object pop-up menu is shown; tests replace it to see the menu without running it.
     std::function<void(QMenu& menu, const QPoint& globalPos)> ShowPopup;
-    // The program's own title shown as a note when the folders are the demo copy.
+    // The status bar note shown while the folders are the demo copy of the sample data.
     static QString DemoDataNote();
 
   protected:
