@@ -100,6 +100,7 @@ void QtSurface::UsePen(int32_t colour) {
     QPen pen(ToQColor(colour));
     pen.setStyle(PenStyleFor(DrawStyle()));
     pen.setWidth(width);
+    pen.setJoinStyle(Qt::MiterJoin);  // square box corners when a pixel is two device pixels
     painter_->setPen(pen);
     penSet_ = true;
     penColour_ = colour;
@@ -118,6 +119,10 @@ void QtSurface::UseBrush(bool filled) {
     brushSet_ = true;
     brushFilled_ = filled;
     brushColour_ = FillColor();
+}
+
+double QtSurface::StrokeShift() const {
+    return std::max<int16_t>(DrawWidth(), 1) % 2 == 1 ? 0.5 : 0.0;
 }
 
 void QtSurface::UseAntialiasing(bool on) {
@@ -172,7 +177,8 @@ void QtSurface::Line(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t col
     }
     UseAntialiasing(false);
     UsePen(colour);
-    painter_->drawLine(x1, y1, x2, y2);
+    double shift = StrokeShift();
+    painter_->drawLine(QLineF(x1 + shift, y1 + shift, x2 + shift, y2 + shift));
 }
 
 void QtSurface::DrawBox(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t colour,
@@ -186,8 +192,10 @@ void QtSurface::DrawBox(int32_t x1, int32_t y1, int32_t x2, int32_t y2, int32_t 
     UseAntialiasing(false);
     UsePen(colour);
     UseBrush(fill == BoxFill::CurrentFill);
-    // An aliased outline of a w-wide rectangle covers w + 1 pixels: both corners inside.
-    painter_->drawRect(area.adjusted(0, 0, -1, -1));
+    // An outline w wide covers w + 1 pixels: both corners inside.
+    double shift = StrokeShift();
+    painter_->drawRect(
+        QRectF(area.left() + shift, area.top() + shift, area.width() - 1, area.height() - 1));
 }
 
 void QtSurface::DrawCircle(int32_t cx, int32_t cy, double r, int32_t colour, bool filled) {
@@ -203,9 +211,7 @@ void QtSurface::DrawCircle(int32_t cx, int32_t cy, double r, int32_t colour, boo
     UseAntialiasing(true);
     UsePen(colour);
     UseBrush(solid && !alreadyFilled);
-    // Pixel centres sit half a pixel in: this puts a thin smoothed ring where the aliased
-    // boxes and lines would put it, rather than smeared over two pixels.
-    double shift = DrawWidth() % 2 == 1 ? 0.5 : 0.0;
+    double shift = StrokeShift();
     painter_->drawEllipse(QPointF(cx + shift, cy + shift), r, r);
 
     double clearInside = r - halfPen - 1;
@@ -223,7 +229,7 @@ void QtSurface::Polygon(const std::vector<SurfacePoint>& points) {
     UseAntialiasing(true);
     UsePen(ForeColor());
     UseBrush(true);
-    double shift = DrawWidth() % 2 == 1 ? 0.5 : 0.0;
+    double shift = StrokeShift();
     QPolygonF polygon;
     polygon.reserve(static_cast<qsizetype>(points.size()));
     for (const SurfacePoint& p : points) polygon << QPointF(p.X + shift, p.Y + shift);

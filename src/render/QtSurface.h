@@ -62,6 +62,10 @@ class QtSurface : public DrawingSurface {
     void UsePen(int32_t colour);
     void UseBrush(bool filled);
     void UseAntialiasing(bool on);
+    // A pen of odd width is centred on the middle of the pixels it is to cover, so that a
+    // one-pixel line covers exactly the pixel (x, y) names at any device pixel ratio, the
+    // pixels a filled box or mark covers, rather than straddling two.
+    double StrokeShift() const;
 
     std::unique_ptr<QPainter> own_;
     QPainter* painter_ = nullptr;

@@ -154,25 +154,39 @@ TEST(QtSurface, RingsOnADiscLookAsIfEachWereFilled) {
     EXPECT_EQ(drawn, expected);
 }
 
-TEST(QtSurface, StraightThinLinesCoverThePixelsAStrokeWould) {
+TEST(QtSurface, OnePixelLinesAndOutlinesCoverTheirPixelsAtEitherRatio) {
     test::EnsureGuiApplication();
     struct L {
         int x1, y1, x2, y2;
     };
-    const L lines[] = {{10, 10, 10, 50}, {20, 50, 20, 10}, {5, 60, 90, 60},
-                       {90, 70, 5, 70},  {40, 40, 40, 40}, {30, 5, 80, 45}};
-    QImage drawn(100, 100, QImage::Format_RGB32);
-    drawn.fill(Qt::white);
-    {
-        QtSurface s(drawn);
-        for (const L& l : lines) s.Line(l.x1, l.y1, l.x2, l.y2, Rgb(128, 128, 128));
+    const L lines[] = {
+        {10, 10, 10, 50}, {20, 50, 20, 10}, {5, 60, 90, 60}, {90, 70, 5, 70}, {40, 40, 40, 40}};
+    const L box = {50, 5, 80, 30};
+    for (int ratio : {1, 2}) {
+        QImage drawn(100 * ratio, 100 * ratio, QImage::Format_RGB32);
+        drawn.setDevicePixelRatio(ratio);
+        drawn.fill(Qt::white);
+        {
+            QtSurface s(drawn);
+            for (const L& l : lines) s.Line(l.x1, l.y1, l.x2, l.y2, Rgb(128, 128, 128));
+            s.DrawBox(box.x1, box.y1, box.x2, box.y2, Rgb(128, 128, 128), BoxFill::Outline);
+        }
+        // The logical pixels from one end to the other, both ends included.
+        QImage expected = drawn;
+        expected.fill(Qt::white);
+        {
+            QPainter p(&expected);
+            auto cover = [&](int x1, int y1, int x2, int y2) {
+                p.fillRect(QRect(QPoint(std::min(x1, x2), std::min(y1, y2)),
+                                 QPoint(std::max(x1, x2), std::max(y1, y2))),
+                           QColor(128, 128, 128));
+            };
+            for (const L& l : lines) cover(l.x1, l.y1, l.x2, l.y2);
+            cover(box.x1, box.y1, box.x2, box.y1);
+            cover(box.x1, box.y2, box.x2, box.y2);
+            cover(box.x1, box.y1, box.x1, box.y2);
+            cover(box.x2, box.y1, box.x2, box.y2);
+        }
+        EXPECT_EQ(drawn, expected) << "at ratio " << ratio;
     }
-    QImage expected(100, 100, QImage::Format_RGB32);
-    expected.fill(Qt::white);
-    {
-        QPainter p(&expected);
-        p.setPen(QColor(128, 128, 128));
-        for (const L& l : lines) p.drawLine(l.x1, l.y1, l.x2, l.y2);
-    }
-    EXPECT_EQ(drawn, expected);
 }
