@@ -30,6 +30,8 @@ bool MakePageBitmap(const std::string& source, int32_t width, int32_t height,
         QtSurface surface(image);
         RectClass all = surface.Scale();
         if (IsPageFile(source)) {
+            // Pictures named without a folder lie beside the page.
+            ScopedPictureFolder pictures(std::filesystem::path(source).parent_path().string());
             std::shared_ptr<PageClass> page = ReadPage(source, kThumbnailFormat, false);
             if (!page || page->NumFormats() < kThumbnailFormat) return false;
             std::shared_ptr<PageFormat> format = page->GetFormat(kThumbnailFormat);

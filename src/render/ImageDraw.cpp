@@ -79,6 +79,27 @@ bool ConvertToTemporaryBitmap(const std::string& source, const std::string& targ
 
 }  // namespace
 
+std::string gPageFolder;  // of the page being drawn, for pictures named without a folder
+
+std::string PictureFilePath(const std::string& genericFile) {
+    std::string name = Cp1252ToUtf8(genericFile);
+    if (name.empty() || fs::path(name).is_absolute()) return name;
+    for (const std::string& folder : {gPageFolder, AppFolders().Path(kPagesFolder)}) {
+        if (folder.empty()) continue;
+        std::string candidate = (fs::path(folder) / name).string();
+        if (FileExists(candidate)) return candidate;
+    }
+    return name;
+}
+
+ScopedPictureFolder::ScopedPictureFolder(std::string folder) : previous_(gPageFolder) {
+    gPageFolder = std::move(folder);
+}
+
+ScopedPictureFolder::~ScopedPictureFolder() {
+    gPageFolder = previous_;
+}
+
 std::string TemporaryGraphicFile() {
     return AppFolders().Path(kTemporaryFolder) + kTemporaryGraphicName;
 }

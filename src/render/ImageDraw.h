@@ -18,6 +18,25 @@ class DrawingSurface;
 
 inline constexpr const char* kTemporaryGraphicName = "~PaginoxGraphic.bmp";
 
+// The file a graphic object's picture name (Windows-1252, as the page stores it) stands for.
+// A name with its folder is taken as it is; a bare or relative one is looked for in the
+// folder of the page being drawn (see ScopedPictureFolder), then in the pages folder of the
+// folder table, and is otherwise left relative to the working folder.
+std::string PictureFilePath(const std::string& genericFile);
+
+// Names the folder of the page being drawn for the lifetime of this object, then restores
+// the previous one.
+class ScopedPictureFolder {
+  public:
+    explicit ScopedPictureFolder(std::string folder);
+    ~ScopedPictureFolder();
+    ScopedPictureFolder(const ScopedPictureFolder&) = delete;
+    ScopedPictureFolder& operator=(const ScopedPictureFolder&) = delete;
+
+  private:
+    std::string previous_;
+};
+
 // The temporary bitmap: the temporary folder of the folder table + kTemporaryGraphicName.
 std::string TemporaryGraphicFile();
 

@@ -231,7 +231,7 @@ void DrawObject(DrawingSurface& surface, int16_t pageNumCharts, const PageObject
 }
 
 bool DrawGraphicObject(DrawingSurface& surface, const PageObject& obj, const RectClass& objRect) {
-    std::string file = Cp1252ToUtf8(obj.GenericFile());
+    std::string file = PictureFilePath(obj.GenericFile());
     if (file.empty() || !FileExists(file) || objRect.IsEmpty()) return false;
     int32_t w = objRect.Width();
     int32_t h = objRect.Height();

@@ -5,15 +5,16 @@
 #include <QImage>
 #include <charconv>
 #include <cstdlib>
+#include <filesystem>
 #include <ostream>
 
 #include "core/AnsiText.h"
 #include "core/MessageService.h"
 #include "core/RuntimeError.h"
-#include "library/ImageCache.h"
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
 #include "persist/Folders.h"
+#include "render/ImageDraw.h"
 #include "render/PageDraw.h"
 #include "render/PreviewRefresh.h"
 #include "render/QtSurface.h"
@@ -114,8 +115,8 @@ void EnsureGuiApplication() {
 int CommandRender(const ToolOptions& options, std::ostream&) {
     RenderRequest r = ParseRender(options.args);
     LoadToolDefinitions(options);
-    // With --data the folder table is still empty; pictures need its temporary and cache
-    // folders, which come from the system whatever the mode.
+    // With --data the folder table is still empty; pictures need its temporary folder, which
+    // comes from the system whatever the mode.
     if (AppFolders().Path(kTemporaryFolder).empty()) AppFolders().FindFolders(0);
 
     auto page = ReadToolPage(r.page, r.format);
@@ -133,8 +134,9 @@ int CommandRender(const ToolOptions& options, std::ostream&) {
     }
 
     EnsureGuiApplication();
-    ImageCache cache;
-    ScopedPictureCache installed(&cache);
+    // Pictures are drawn straight from their files: a one-off render leaves no cached sizes
+    // behind in the host's folders. Those named without a folder lie beside the page.
+    ScopedPictureFolder pictures(std::filesystem::path(r.page).parent_path().string());
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(Qt::white);
     try {

@@ -139,6 +139,20 @@ TEST_F(PictureTest, GraphicObjectShowsItsPictureOrFallsBackToItsOutline) {
               (std::vector<std::string>{"Image 4x2 into (243,182)-(556,417) mode 4"}));
     EXPECT_TRUE(shown.Matching("Print 'Picture'").empty());
 
+    // A picture named without a folder is looked for beside the page being drawn, then in
+    // the pages folder.
+    obj->SetGenericFile("logo.png");
+    for (const std::string& folder : {folders.Dir().Folder(), std::string()}) {
+        if (folder.empty()) {
+            fs::create_directories(AppFolders().Path(kPagesFolder));
+            fs::copy_file(folders.Dir() / "logo.png", AppFolders().Path(kPagesFolder) + "logo.png");
+        }
+        ScopedPictureFolder beside(folder);
+        RecordingSurface named;
+        DrawFormat(named, nullptr, 1, format, true, false, true);
+        EXPECT_EQ(named.Matching("Image").size(), 1u) << folder;
+    }
+
     for (bool pictures : {false, true}) {
         if (pictures) obj->SetGenericFile(folders.Dir() / "deleted.png");
         RecordingSurface outline;

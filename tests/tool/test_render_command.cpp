@@ -53,6 +53,11 @@ TEST(RenderCommand, ThumbnailAndPreviewOfASamplePage) {
     EXPECT_EQ(thumb.image.pixelColor(319, 120), QColor(0, 0, 0));  // all of it on the image
     EXPECT_TRUE(HasBlue(thumb.image));                             // labels
 
+    // The sample picture lies beside the page: with pictures the thumbnail shows it.
+    Render bare = RunRender(dir, {kSamplePage, "-o", out, "--size", "320x240", "--no-pictures"});
+    ASSERT_EQ(bare.status, 0) << bare.err;
+    EXPECT_NE(bare.image, thumb.image);
+
     Render preview = RunRender(dir, {"--interactive", kSamplePage, "-o", out, "--no-labels"});
     ASSERT_EQ(preview.status, 0) << preview.err;
     EXPECT_GT(preview.image.width(), 100);  // the format's own size
