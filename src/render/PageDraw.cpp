@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/AnsiText.h"
 #include "core/Checked.h"
 #include "core/Rounding.h"
 #include "model/PageFormat.h"

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/AnsiText.h"
 #include "render/TextRunCache.h"
 
 namespace paginox {
