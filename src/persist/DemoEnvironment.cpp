@@ -111,13 +111,13 @@ FolderEnvironment PrepareFolderEnvironment(std::shared_ptr<const SpecialFolders>
     if (FileExists(HostIniIn(*real))) return {real, false, ""};
     std::string root = GetSpecialFolder(kLocalAppDataFolderId, *real) + "/Paginox/Demo";
     auto demo = std::make_shared<DemoSpecialFolders>(root, real);
-    if (!FileExists(HostIniIn(*demo))) {
-        std::error_code ec;
-        if (sampleFolder.empty() || !fs::is_directory(fs::path(sampleFolder) / "System", ec) ||
-            !Seed(sampleFolder, *demo)) {
-            return {real, false, ""};
-        }
-    }
+    std::error_code ec;
+    bool haveSample =
+        !sampleFolder.empty() && fs::is_directory(fs::path(sampleFolder) / "System", ec);
+    // Seeding keeps every file already there, so running it each time only brings in sample
+    // files added since the demo was made, never undoing what the user changed.
+    bool seeded = haveSample && Seed(sampleFolder, *demo);
+    if (!seeded && !FileExists(HostIniIn(*demo))) return {real, false, ""};
     return {demo, true, root + "/"};
 }
 

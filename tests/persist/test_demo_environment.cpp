@@ -65,8 +65,14 @@ TEST(DemoEnvironment, SeedsOnceAndRunsThroughTheUsualFolderRules) {
         EXPECT_EQ(Definitions().PointList.Count(), 1);
     }
 
-    // A later run reuses the copy, changes included, and does not need the sample again.
+    // A later run keeps the user's changes and brings in sample files added since.
     dir.Write("home/Local/Paginox/Demo/LocalAppData/Quillon/Veltrane/v9/plist.dfn", "edited");
+    dir.Write("sample/User Files/Pages/Added.pag", "new page");
+    env = PrepareFolderEnvironment(real, sample);
+    EXPECT_EQ(test::ReadAll(f.Path(kLocalDataFolder) + "plist.dfn"), "edited");
+    EXPECT_EQ(test::ReadAll(f.Path(kPagesFolder) + "Added.pag"), "new page");
+
+    // Nor does it need the sample any more.
     env = PrepareFolderEnvironment(real, dir / "gone");
     EXPECT_TRUE(env.UsingDemoData);
     EXPECT_EQ(test::ReadAll(f.Path(kLocalDataFolder) + "plist.dfn"), "edited");
