@@ -3,6 +3,7 @@
 
 #include "SamplePages.h"
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <functional>
@@ -34,12 +35,14 @@ struct Size {
     int16_t x, y, logPixels;
     bool printer;
 };
-constexpr Size kScreen800{800, 600, 96, false};
-constexpr Size kScreen1024{1024, 768, 96, false};
-constexpr Size kScreen1280{1280, 1024, 96, false};
-constexpr Size kWide1366{1366, 768, 96, false};
-constexpr Size kWide1600{1600, 900, 96, false};
-constexpr Size kWide1920{1920, 1080, 96, false};
+// Screen formats are the screen less the editor's 95 pixels across and 19 down, which is how
+// the editor recognises and names them; 1280 x 800 at 120 dpi is a user-defined size.
+constexpr Size kScreen800{705, 581, 96, false};
+constexpr Size kScreen1024{929, 749, 96, false};
+constexpr Size kScreen1280{1185, 1005, 96, false};
+constexpr Size kWide1366{1271, 749, 96, false};
+constexpr Size kWide1600{1505, 881, 96, false};
+constexpr Size kWide1920{1825, 1181, 96, false};
 constexpr Size kWide1280{1280, 800, 120, false};
 constexpr Size kA4Portrait{2480, 3508, 300, true};
 constexpr Size kA4Landscape{3508, 2480, 300, true};
@@ -54,17 +57,25 @@ const PageObjectClass& ClassNamed(const std::string& abbreviation) {
     throw std::runtime_error("no object class " + abbreviation + " in the catalogue");
 }
 
-// Places a new object of the class at left, top (fractions of the frame); a height of 0 makes
-// it as high as it is wide on this format, as a wheel should be.
+// Places a new object of the class at left, top with the given width and height (fractions
+// of the frame).
 PageObject& Add(PageFormat& format, const std::string& abbreviation, float left, float top,
-                float width, float height = 0) {
+                float width, float height) {
     auto obj = ClassNamed(abbreviation).CreateInstance(&format);
-    if (height == 0) height = width * float(format.XPixels()) / float(format.YPixels());
     obj->SetOrigin(1, left), obj->SetOrigin(2, top);
     obj->SetLength(1, width), obj->SetLength(2, height);
     obj->FitObjectOnPage();
     format.AddObject(obj);
     return *obj;
+}
+
+// The largest square (in pixels of this format) that fits the box, at its top-left corner:
+// wheels and grids stay round and square, and inside their box, on every page shape.
+PageObject& AddSquare(PageFormat& format, const std::string& abbreviation, float left, float top,
+                      float boxWidth, float boxHeight) {
+    float side = std::min(boxWidth * float(format.XPixels()), boxHeight * float(format.YPixels()));
+    return Add(format, abbreviation, left, top, side / float(format.XPixels()),
+               side / float(format.YPixels()));
 }
 
 void Columns(PageObject& obj, std::initializer_list<uint8_t> codes) {
@@ -108,20 +119,20 @@ std::shared_ptr<PageClass> Build(const SamplePage& s) {
 }
 
 void BirthChart(PageFormat& f) {
-    PageObject& wheel = Add(f, "Wheel1", 0.02f, 0.04f, 0.5f);
+    PageObject& wheel = AddSquare(f, "Wheel1", 0.02f, 0.04f, 0.5f, 0.72f);
     wheel.SetWheelFile("Standard");
     wheel.SetAspectsFile("Major");
     wheel.SetPointsFile(1, "Planets");
     PageObject& points = Add(f, "PtList", 0.6f, 0.04f, 0.38f, 0.5f);
     Columns(points, {1, 2, 4});
     points.SetPointsFile(1, "Planets");
-    Add(f, "AspGrid", 0.6f, 0.58f, 0.38f);
+    AddSquare(f, "AspGrid", 0.6f, 0.58f, 0.38f, 0.38f);
     PageObject& data = Add(f, "ChData", 0.02f, 0.8f, 0.45f, 0.16f);
     data.SetUserCaption("Birth details");
 }
 
 void Relationship(PageFormat& f) {
-    PageObject& wheel = Add(f, "Wheel2", 0.02f, 0.04f, 0.48f);
+    PageObject& wheel = AddSquare(f, "Wheel2", 0.02f, 0.04f, 0.48f, 0.62f);
     wheel.SetWheelFile("Standard");
     wheel.SetAspectsFile("Major");
     wheel.SetPointsFile(1, "Planets"), wheel.SetPointsFile(2, "Planets");
@@ -140,14 +151,14 @@ void Relationship(PageFormat& f) {
 }
 
 void Transits(PageFormat& f) {
-    PageObject& wheel = Add(f, "Wheel3", 0.02f, 0.04f, 0.45f);
+    PageObject& wheel = AddSquare(f, "Wheel3", 0.02f, 0.04f, 0.45f, 0.92f);
     wheel.SetWheelFile("Outer Ring");
     wheel.SetAspectsFile("Transits");
     PageObject& list = Add(f, "Transits", 0.5f, 0.04f, 0.48f, 0.6f);
     list.SetAspectsFile("Transits");
     list.SetOrb(1.5f);
     list.SetAnchorBottom(true);
-    PageObject& dial = Add(f, "Dial90", 0.6f, 0.68f, 0.18f);
+    PageObject& dial = AddSquare(f, "Dial90", 0.6f, 0.68f, 0.18f, 0.28f);
     dial.SetModulus(90);
     dial.SetChartNum(1, 3);
 }
@@ -177,10 +188,10 @@ void Poster(PageFormat& f) {
     caption.SetUserCaption("Your Sky Tonight");
     caption.SetFontSize(18);
     caption.SetTextJustify(2);
-    PageObject& picture = Add(f, "Picture", 0.05f, 0.14f, 0.3f);
+    PageObject& picture = AddSquare(f, "Picture", 0.05f, 0.14f, 0.3f, 0.72f);
     picture.SetGenericFile(kPicture);
     picture.SetFrameType(0);
-    PageObject& wheel = Add(f, "Wheel1", 0.4f, 0.14f, 0.55f);
+    PageObject& wheel = AddSquare(f, "Wheel1", 0.4f, 0.14f, 0.55f, 0.72f);
     wheel.SetWheelFile("Decorative");
     Add(f, "Rule", 0.05f, 0.9f, 0.9f, 0.02f);
     Add(f, "Corner", 0.0f, 0.9f, 0.1f, 0.1f);
@@ -189,10 +200,10 @@ void Poster(PageFormat& f) {
 }
 
 void Harmonics(PageFormat& f) {
-    PageObject& harmonic = Add(f, "HarmWhl", 0.02f, 0.04f, 0.3f);
+    PageObject& harmonic = AddSquare(f, "HarmWhl", 0.02f, 0.04f, 0.3f, 0.54f);
     harmonic.SetModulus(7);
     harmonic.SetZodiac(1);
-    PageObject& dial = Add(f, "Dial90", 0.34f, 0.04f, 0.3f);
+    PageObject& dial = AddSquare(f, "Dial90", 0.34f, 0.04f, 0.3f, 0.54f);
     dial.SetModulus(45);
     dial.SetOrb(1.25f);
     PageObject& tree = Add(f, "MidTree", 0.66f, 0.04f, 0.32f, 0.9f);
