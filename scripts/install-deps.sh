@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages Paginox needs to build, test and run. Does nothing when all are
-# present; uses sudo only when not root.
+# present; uses sudo only when not root. "install-deps.sh fuzz" installs what the fuzz targets
+# need instead (clang and its libFuzzer runtime).
 set -euo pipefail
 
 packages=(
@@ -9,6 +10,9 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth
 )
+if [ "${1:-}" = fuzz ]; then
+  packages=(cmake ninja-build clang libclang-rt-14-dev)
+fi
 
 missing=()
 for p in "${packages[@]}"; do

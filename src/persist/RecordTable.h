@@ -96,6 +96,8 @@ template <class... F>
 struct Overloaded : F... {
     using F::operator()...;
 };
+template <class... F>
+Overloaded(F...) -> Overloaded<F...>;  // clang 14 does not deduce aggregates by itself
 
 template <class T>
 constexpr size_t Width(const Field<T>& field) {
