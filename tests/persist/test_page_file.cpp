@@ -178,18 +178,11 @@ TEST(PageFile, ReadsBackEveryFieldAndSavesTheSameBytes) {
     auto page = ReadPage(file, -1, true);
     ASSERT_TRUE(page);
     EXPECT_EQ(page->ReadVersion(), 4);
-    EXPECT_EQ(page->Description(), std::string(80, 'D'));
-    EXPECT_EQ(page->Title(), "A Title");
-    EXPECT_EQ(page->ChartPlacementDesc(12), "Slot 12");
+    EXPECT_EQ(page->Title(), "A Title");  // IsEqual leaves the title out
     PageClass expected = SamplePage();
     expected.SetDescription(std::string(80, 'D'));
-    EXPECT_TRUE(page->IsEqual(&expected));
-    const PageFormat& printer = *page->GetFormat(2);
-    EXPECT_EQ(printer.NewMargin(2), 0.02f);
-    EXPECT_EQ(printer.Margin(1, 2), 0.03f);
-    EXPECT_TRUE(printer.ForPrinter());
-    EXPECT_EQ(page->GetFormat(1)->Object(1)->TextBottomUp(), -1);
-    EXPECT_EQ(page->GetFormat(1)->Object(1)->PL_Columns(2), 200);
+    EXPECT_TRUE(page->IsEqual(&expected));  // every other member of page, formats and objects
+    EXPECT_EQ(page->GetFormat(2)->Margin(1, 2), 0.03f);
 
     ASSERT_TRUE(SavePage(dir / "b.pag", *page));
     EXPECT_EQ(test::ReadAll(dir / "b.pag"), SamplePageBytes());
