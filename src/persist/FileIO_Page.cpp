@@ -95,6 +95,7 @@ constexpr size_t kFlagBytes = 204;
 constexpr size_t kV2TrailingText = 204;  // text 8, promoted to the flag bytes
 constexpr size_t kZodiacEnd = 222;       // end of the fields up to Zodiac
 constexpr size_t kV3Reserved = 222;      // text 238; its first byte is ForceLineColor's
+constexpr size_t kV4ForceLineColor = 222;
 
 // A version-2 short name and the version-3 field it is promoted to.
 struct Promoted {
@@ -145,7 +146,7 @@ std::string PromoteV2ToV3(const std::string& v2) {
 std::string PromoteV3ToV4(const std::string& v3) {
     std::string v4(kObjectV4Length, '\0');
     v4.replace(0, kZodiacEnd, v3, 0, kZodiacEnd);
-    v4[222] = v3[kV3Reserved];  // ForceLineColor, low byte
+    v4[kV4ForceLineColor] = v3[kV3Reserved];  // the low byte; the high one stays 0
     for (const Lagged& t : kV3Texts) {
         v4.replace(t.v4Offset, t.v3.width,
                    v3.substr(t.v3.offset - 1, 1) + v3.substr(t.v3.offset, t.v3.width - 1));
