@@ -31,14 +31,20 @@ bool IsDirectory(const std::string& path) {
     struct stat st{};
     return stat(path.c_str(), &st) == 0 && S_ISDIR(st.st_mode);
 }
+
+constexpr size_t kReadBufferSize = 64 * 1024;
 }  // namespace
 
 BinaryFile::BinaryFile(const std::string& path, FileKind kind) {
     if (path.empty()) Raise(kBadFileName);
+    if (kind == FileKind::Read) {
+        OpenForReading(path);
+        return;
+    }
     if (IsDirectory(path)) Raise(kPathFileAccessError);
     switch (kind) {
         case FileKind::Write: file_ = std::fopen(path.c_str(), "wb"); break;
-        case FileKind::Read: file_ = std::fopen(path.c_str(), "rb"); break;
+        case FileKind::Read: break;
         case FileKind::Append: file_ = std::fopen(path.c_str(), "ab"); break;
         case FileKind::Random:
         case FileKind::Binary:
@@ -50,6 +56,28 @@ BinaryFile::BinaryFile(const std::string& path, FileKind kind) {
             break;
     }
     if (!file_) RaiseOpenError(path);
+}
+
+// One fstat after opening both refuses a folder and learns the length, instead of a stat before
+// and another for every Length().
+void BinaryFile::OpenForReading(const std::string& path) {
+    file_ = std::fopen(path.c_str(), "rb");
+    if (!file_) {
+        int err = errno;
+        if (IsDirectory(path)) Raise(kPathFileAccessError);
+        errno = err;
+        RaiseOpenError(path);
+    }
+    struct stat st{};
+    int failed = fstat(fileno(file_), &st) != 0 ? errno : 0;
+    if (failed || S_ISDIR(st.st_mode)) {
+        std::fclose(file_);
+        file_ = nullptr;
+        Raise(failed ? ErrorNumberFromErrno(failed) : kPathFileAccessError);
+    }
+    length_ = static_cast<uint64_t>(st.st_size);
+    buffer_ = std::make_unique_for_overwrite<char[]>(kReadBufferSize);
+    std::setvbuf(file_, buffer_.get(), _IOFBF, kReadBufferSize);
 }
 
 BinaryFile::~BinaryFile() {
@@ -71,6 +99,7 @@ std::string BinaryFile::Read(size_t n) {
 }
 
 void BinaryFile::Write(const std::string& bytes) {
+    length_.reset();
     if (std::fwrite(bytes.data(), 1, bytes.size(), file_) != bytes.size()) RaiseErrno();
 }
 
@@ -81,10 +110,13 @@ void BinaryFile::Seek(uint64_t pos) {
 uint64_t BinaryFile::Position() const { return static_cast<uint64_t>(ftello(file_)); }
 
 uint64_t BinaryFile::Length() const {
-    struct stat st{};
-    std::fflush(file_);
-    if (fstat(fileno(file_), &st) != 0) RaiseErrno();
-    return static_cast<uint64_t>(st.st_size);
+    if (!length_) {
+        struct stat st{};
+        std::fflush(file_);
+        if (fstat(fileno(file_), &st) != 0) RaiseErrno();
+        length_ = static_cast<uint64_t>(st.st_size);
+    }
+    return *length_;
 }
 
 void BinaryFile::Close() {

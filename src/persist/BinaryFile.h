@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace paginox {
@@ -35,7 +36,13 @@ public:
     void Close();
 
 private:
+    void OpenForReading(const std::string& path);
+
     std::FILE* file_ = nullptr;
+    // Known from opening for reading, else asked once; a write makes it unknown again.
+    mutable std::optional<uint64_t> length_;
+    // Files opened for reading get a buffer that holds a whole page file in one read.
+    std::unique_ptr<char[]> buffer_;
 };
 
 // True when the path names a file that can be opened for reading.

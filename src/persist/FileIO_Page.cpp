@@ -156,11 +156,11 @@ std::string PromoteV3ToV4(const std::string& v3) {
     return v4;
 }
 
-std::shared_ptr<PageObject> ReadObject(const std::string& bytes, int16_t version) {
-    std::string v4 = bytes;
-    if (version == 2) v4 = PromoteV2ToV3(v4);
-    if (version <= 3) v4 = PromoteV3ToV4(v4);
-    ByteReader in(v4);
+std::shared_ptr<PageObject> ReadObject(std::string_view bytes, int16_t version) {
+    std::string promoted;
+    if (version == 2) promoted = PromoteV3ToV4(PromoteV2ToV3(std::string(bytes)));
+    if (version == 3) promoted = PromoteV3ToV4(std::string(bytes));
+    ByteReader in(version <= 3 ? std::string_view(promoted) : bytes);
     auto obj = std::make_shared<PageObject>();
     Read<Obj>(in, kObjectFields, *obj);
     return obj;
@@ -184,10 +184,13 @@ std::shared_ptr<PageClass> ReadOpenPage(BinaryFile& file, int16_t formatIndex) {
     Read<PageClass>(header, kHeaderFields, *page);
 
     const uint64_t length = file.Length();
+    // Counted here rather than asked of the file, which would cost a system call each time.
+    uint64_t position = kPageHeaderLength;
     // A single stray byte after the last record is never taken for a record.
-    while (file.Position() + 1 < length) {
-        uint64_t start = file.Position();
+    while (position + 1 < length) {
+        const uint64_t start = position;
         const std::string recordBytes = file.Read(kFormatRecordLength);
+        position += kFormatRecordLength;
         ByteReader record(recordBytes);
         int16_t numObjects = record.Int16();
         auto format = std::make_shared<PageFormat>();
@@ -202,10 +205,15 @@ std::shared_ptr<PageClass> ReadOpenPage(BinaryFile& file, int16_t formatIndex) {
         format->SetNumObjects(numObjects, selected);
         if (!selected) {
             file.Seek(objectsEnd);
+            position = objectsEnd;
             continue;
         }
+        // The format's objects in one read, checked above to lie inside the file.
+        const std::string objects = file.Read(size_t(objectsEnd - position));
+        position = objectsEnd;
         for (int16_t i = 1; i <= numObjects; ++i) {
-            format->SetObject(i, ReadObject(file.Read(objectLength), version));
+            std::string_view bytes(objects.data() + size_t(i - 1) * objectLength, objectLength);
+            format->SetObject(i, ReadObject(bytes, version));
         }
     }
     return page;
@@ -242,9 +250,14 @@ size_t ObjectRecordLength(int16_t version) {
 
 std::shared_ptr<PageClass> ReadPage(const std::string& fileName, int16_t formatIndex,
                                     bool reportErrors) {
-    if (!FileExists(fileName)) return nullptr;
-    std::unique_ptr<BinaryFile> file = OpenFileByKind(fileName, FileKind::Read);
-    if (!file) return nullptr;
+    // A file that cannot be opened for reading is taken as missing: nothing, and no message.
+    // Opening it once here is the same test FileExists makes, without a second open.
+    std::unique_ptr<BinaryFile> file;
+    try {
+        file = std::make_unique<BinaryFile>(fileName, FileKind::Read);
+    } catch (const RuntimeError&) {
+        return nullptr;
+    }
     try {
         auto page = ReadOpenPage(*file, formatIndex);
         file->Close();

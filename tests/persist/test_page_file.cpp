@@ -270,6 +270,7 @@ TEST(PageFile, EndOfFileRules) {
     messages.shown.clear();
     EXPECT_EQ(ReadPage(dir / "short.pag", -1, false), nullptr);   // quietly
     EXPECT_EQ(ReadPage(dir / "missing.pag", -1, true), nullptr);  // no message for a missing file
+    EXPECT_EQ(ReadPage(dir.Folder(), -1, true), nullptr);         // nor for a folder
     EXPECT_TRUE(messages.shown.empty());
 }
 

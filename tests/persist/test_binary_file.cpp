@@ -1,0 +1,55 @@
+#include <gtest/gtest.h>
+
+#include "core/RuntimeError.h"
+#include "persist/BinaryFile.h"
+#include "support/TempDir.h"
+
+namespace paginox {
+namespace {
+
+int ErrorOpening(const std::string& path, FileKind kind) {
+    try {
+        BinaryFile f(path, kind);
+    } catch (const RuntimeError& e) {
+        return e.Number();
+    }
+    return 0;
+}
+
+TEST(BinaryFile, LengthFollowsWritesThoughItIsRemembered) {
+    test::TempDir dir;
+    BinaryFile f(dir / "random.dat", FileKind::Random);
+    EXPECT_EQ(f.Length(), 0u);
+    f.Write("abcd");
+    EXPECT_EQ(f.Length(), 4u);
+    EXPECT_TRUE(f.AtEnd());
+    f.Seek(10);
+    f.Write("xy");  // past the end: the gap is part of the file
+    EXPECT_EQ(f.Length(), 12u);
+    f.Seek(1);
+    f.Write("B");  // inside: no longer
+    EXPECT_EQ(f.Length(), 12u);
+    EXPECT_FALSE(f.AtEnd());
+    f.Close();
+
+    BinaryFile r(dir / "random.dat", FileKind::Read);
+    EXPECT_EQ(r.Length(), 12u);
+    EXPECT_EQ(r.Read(4), "aBcd");
+    r.Seek(10);
+    EXPECT_EQ(r.Read(2), "xy");
+    EXPECT_TRUE(r.AtEnd());
+}
+
+TEST(BinaryFile, OpeningForReadingRefusesFoldersAndMissingFiles) {
+    test::TempDir dir;
+    EXPECT_EQ(ErrorOpening(dir.Folder(), FileKind::Read), kPathFileAccessError);
+    EXPECT_EQ(ErrorOpening(dir.Folder(), FileKind::Write), kPathFileAccessError);
+    EXPECT_EQ(ErrorOpening(dir / "missing.dat", FileKind::Read), kFileNotFound);
+    EXPECT_EQ(ErrorOpening(dir / "no/missing.dat", FileKind::Read), kPathNotFound);
+    EXPECT_FALSE(FileExists(dir.Folder()));
+    EXPECT_FALSE(FileExists(dir / "missing.dat"));
+    EXPECT_TRUE(FileExists(dir.Write("here.dat", "x")));
+}
+
+}  // namespace
+}  // namespace paginox
