@@ -1,8 +1,8 @@
 #pragma once
 
-// Just enough JSON for test vectors: null, booleans, numbers, strings (with \" \\ \/ \b \f
-// \n \r \t and \uXXXX escapes; code points up to 0xFF become that single byte, as the
-// vectors' Windows-1252 text needs, larger ones UTF-8), arrays and objects.
+// Just enough JSON for test vectors: null, booleans, numbers, strings (with \" \\ \/ \n \r
+// \t and \u00XX escapes, the last becoming that single byte as the vectors' Windows-1252 text
+// needs; any other escape is refused rather than misread), arrays and objects.
 
 #include <map>
 #include <memory>
@@ -113,44 +113,20 @@ class JsonParser {
                 s += c;
                 continue;
             }
-            switch (char e = Next()) {
-                case 'n':
-                    s += '\n';
-                    break;
-                case 'r':
-                    s += '\r';
-                    break;
-                case 't':
-                    s += '\t';
-                    break;
-                case 'b':
-                    s += '\b';
-                    break;
-                case 'f':
-                    s += '\f';
-                    break;
-                case 'u':
-                    Append(s, std::stoul(t_.substr(pos_, 4), nullptr, 16)), pos_ += 4;
-                    break;
-                default:
-                    s += e;
-                    break;
+            char e = Next();
+            if (e == 'u') {
+                unsigned long cp = std::stoul(t_.substr(pos_, 4), nullptr, 16);
+                if (cp > 0xFF) Fail("escape beyond one byte");
+                s += static_cast<char>(cp), pos_ += 4;
+            } else if (e == 'n' || e == 'r' || e == 't') {
+                s += e == 'n' ? '\n' : e == 'r' ? '\r' : '\t';
+            } else if (e == '"' || e == '\\' || e == '/') {
+                s += e;
+            } else {
+                Fail(std::string("unknown escape \\") + e);
             }
         }
         return s;
-    }
-
-    static void Append(std::string& s, unsigned long cp) {
-        if (cp < 0x100) {
-            s += static_cast<char>(cp);
-        } else if (cp < 0x800) {
-            s += static_cast<char>(0xC0 | (cp >> 6));
-            s += static_cast<char>(0x80 | (cp & 0x3F));
-        } else {
-            s += static_cast<char>(0xE0 | (cp >> 12));
-            s += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-            s += static_cast<char>(0x80 | (cp & 0x3F));
-        }
     }
 
     const std::string& t_;
