@@ -24,7 +24,7 @@ ToolRun Tool(std::vector<std::string> args) {
 const std::string kSampleSystem = std::string(PAGINOX_SAMPLE_DIR) + "/System";
 }  // namespace
 
-TEST(ToolClasses, PrintsEveryClassOfTheSampleCatalogueWithExactKeys) {
+TEST(ToolClasses, PrintsEveryClassOfTheSampleCatalogueWithExactKeysAndShortSingles) {
     ToolRun r = Tool({"--data", kSampleSystem, "classes"});
     ASSERT_EQ(r.status, kExitOk) << r.err;
     EXPECT_EQ(r.err, "");
@@ -39,11 +39,7 @@ TEST(ToolClasses, PrintsEveryClassOfTheSampleCatalogueWithExactKeys) {
     expected.sort();
     EXPECT_EQ(keys, expected);
     for (int i = 0; i < all.size(); ++i) EXPECT_EQ(all[i].toObject()["ClassID"].toInt(), i + 1);
-}
-
-TEST(ToolClasses, SinglesArePrintedAsTheirShortestDecimal) {
-    ToolRun r = Tool({"--data", kSampleSystem, "classes"});
-    // 1.2f widened to double would print as 1.2000000476837158.
+    // Singles print as their shortest decimal: 1.2f widened to double would print as 1.2000000476837158.
     EXPECT_NE(r.out.find("\"DefaultYRatio\": 1.2,"), std::string::npos);
     EXPECT_EQ(r.out.find("1.20000"), std::string::npos);
 }
