@@ -121,11 +121,11 @@ TEST(PageForm, ResizesByEachHandle) {
             fx.Drag(mark, mark + out);
             RectClass expected = DraggedRect(before, shape, pos, out.x(), out.y());
             const RectClass& after = fx.Rect(k);
-            EXPECT_NEAR(after.Left(), expected.Left(), 1) << "shape " << shape << " mark " << pos;
-            EXPECT_NEAR(after.Top(), expected.Top(), 1) << "shape " << shape << " mark " << pos;
-            EXPECT_NEAR(after.Width(), expected.Width(), 1) << "shape " << shape << " mark " << pos;
-            EXPECT_NEAR(after.Height(), expected.Height(), 1)
-                << "shape " << shape << " mark " << pos;
+            SCOPED_TRACE("shape " + std::to_string(shape) + " mark " + std::to_string(pos));
+            EXPECT_NEAR(after.Left(), expected.Left(), 1);
+            EXPECT_NEAR(after.Top(), expected.Top(), 1);
+            EXPECT_NEAR(after.Width(), expected.Width(), 1);
+            EXPECT_NEAR(after.Height(), expected.Height(), 1);
             EXPECT_GT(after.Width() + after.Height(), before.Width() + before.Height());
         }
         fx.Hover(QPoint(2, 2));

@@ -62,7 +62,7 @@ std::vector<std::string> CacheFiles(const ImageCache& cache) {
 }  // namespace
 
 TEST(ImageCache, NamesWithEitherSeparator) {
-    Folders saved = AppFolders();
+    test::ScopedAppFolders restored;  // put back afterwards
     AppFolders().FindFolders(0, test::FakeSpecialFolders("C:", '\\'), '\\');
     ImageCache windows(nullptr, '\\');
     EXPECT_EQ(windows.CacheDir(), "C:\\Local\\Quillon\\Veltrane\\v9\\ImageCache\\");
@@ -73,7 +73,6 @@ TEST(ImageCache, NamesWithEitherSeparator) {
     EXPECT_EQ(native.CacheDir(), "/home/u/Local/Quillon/Veltrane/v9/ImageCache/");
     EXPECT_EQ(native.GetCacheName("/p/My Pages/B:1.pag", 160, 120),
               native.CacheDir() + "_p_My Pages_B_1.pag_160x120.bmp");
-    AppFolders() = saved;
 }
 
 TEST(ImageCache, FreshOnlyWhenStrictlyNewerAndMadeOnlyWhereAllowed) {
