@@ -9,11 +9,7 @@
 namespace paginox {
 namespace {
 
-RectClass Rect(int32_t l, int32_t t, int32_t w, int32_t h) {
-    RectClass r;
-    r.InitTo(l, t, w, h);
-    return r;
-}
+using test::Rect;
 
 TEST(Manipulation, HitTestFromTheTopObjectDown) {
     test::EditorFixture fx;

@@ -7,6 +7,7 @@
 #include "core/RuntimeError.h"
 #include "model/DefinitionTables.h"
 #include "model/PageObjectClasses.h"
+#include "model/RectClass.h"
 
 namespace paginox::test {
 
@@ -35,6 +36,13 @@ class ScopedModelState {
     PageObjectClasses classes_;
     DefinitionTables tables_;
 };
+
+// A rectangle from its left, top, width and height.
+inline RectClass Rect(int32_t left, int32_t top, int32_t width, int32_t height) {
+    RectClass r;
+    r.InitTo(left, top, width, height);
+    return r;
+}
 
 // The run-time error number f raises, or 0.
 inline int ErrorOf(auto&& f) {

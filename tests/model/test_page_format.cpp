@@ -8,6 +8,7 @@
 
 using namespace paginox;
 using test::ErrorOf;
+using test::Rect;
 
 namespace {
 // Objects named by their UserCaption, to follow them around; "-" is an empty slot.
@@ -25,12 +26,6 @@ std::string Letters(const PageFormat& f) {
     for (int16_t k = 1; k <= f.NumObjects(); ++k)
         s += f.Object(k) ? f.Object(k)->UserCaption() : "-";
     return s;
-}
-
-RectClass Area(int32_t w, int32_t h) {
-    RectClass r;
-    r.InitTo(0, 0, w, h);
-    return r;
 }
 }  // namespace
 
@@ -116,16 +111,16 @@ TEST(PageFormat, FrameSizeKeepsItsProportionToThePage) {
     PageFormat f;  // usable 784 x 588
     PageObject o;
     o.SetFrameType(2);
-    EXPECT_EQ(f.GetFrameSize(&o, nullptr, Area(784, 588), false), 4);
-    EXPECT_EQ(f.GetFrameSize(&o, nullptr, Area(392, 294), false), 2);
+    EXPECT_EQ(f.GetFrameSize(&o, nullptr, Rect(0, 0, 784, 588), false), 4);
+    EXPECT_EQ(f.GetFrameSize(&o, nullptr, Rect(0, 0, 392, 294), false), 2);
     o.SetFrameType(1);
-    EXPECT_EQ(f.GetFrameSize(&o, nullptr, Area(784, 588), false), 2);
-    EXPECT_EQ(f.GetFrameSize(&o, nullptr, Area(784, 588), true), 0);
+    EXPECT_EQ(f.GetFrameSize(&o, nullptr, Rect(0, 0, 784, 588), false), 2);
+    EXPECT_EQ(f.GetFrameSize(&o, nullptr, Rect(0, 0, 784, 588), true), 0);
     PageObjectClass cls;
     cls.SetDefaultFrameType(2);
     f.SetXPixels(600);  // taller than wide: the width decides
     f.SetYPixels(800);
-    EXPECT_EQ(f.GetFrameSize(nullptr, &cls, Area(294, 10), false), 2);
+    EXPECT_EQ(f.GetFrameSize(nullptr, &cls, Rect(0, 0, 294, 10), false), 2);
 }
 
 TEST(PageFormat, TextSizeAndNearestFontSizeAgree) {

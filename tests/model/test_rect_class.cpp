@@ -10,14 +10,9 @@
 
 using namespace paginox;
 using test::ErrorOf;
+using test::Rect;
 
 namespace {
-RectClass Rect(int32_t left, int32_t top, int32_t width, int32_t height) {
-    RectClass r;
-    r.InitTo(left, top, width, height);
-    return r;
-}
-
 struct RecordingSurface : ShapeSurface {
     std::string calls;
     void Line(int32_t a, int32_t b, int32_t c, int32_t d, int32_t) override {

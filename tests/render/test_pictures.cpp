@@ -18,6 +18,7 @@
 
 using namespace paginox;
 using test::RecordingSurface;
+using test::Rect;
 using ::testing::ElementsAre;
 namespace fs = std::filesystem;
 
@@ -40,12 +41,6 @@ std::string SaveRed(const test::TempDir& dir, const std::string& name, const cha
     std::string path = dir / name;
     EXPECT_TRUE(image.save(QString::fromStdString(path), format)) << name;
     return path;
-}
-
-RectClass Rect(int32_t left, int32_t top, int32_t width, int32_t height) {
-    RectClass r;
-    r.InitTo(left, top, width, height);
-    return r;
 }
 
 struct PictureTest : ::testing::Test {
