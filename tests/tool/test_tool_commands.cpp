@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <set>
 #include <sstream>
 
@@ -197,8 +200,34 @@ TEST(ToolPages, DumpGivesThePageAsJson) {
     EXPECT_TRUE(two["Formats"].items[0]["Objects"].items.at(0).IsNull());
 }
 
-TEST(ToolPages, BadCommandLinesAreUsageErrors) {
-    for (auto args : std::vector<std::vector<std::string>>{{"info"},
+TEST(ToolClasses, PrintsEveryClassOfTheSampleCatalogueWithExactKeysAndShortSingles) {
+    ToolRun r = WithSample({"classes"});
+    ASSERT_EQ(r.status, kExitOk) << r.err;
+    EXPECT_EQ(r.err, "");
+    QJsonArray all = QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).array();
+    ASSERT_GE(all.size(), 24);
+    QStringList keys = all[0].toObject().keys();
+    keys.sort();
+    QStringList expected = {"ClassID", "ObjectType", "Abbreviation", "FullName", "Description",
+                            "Group", "Order", "Shape", "DefaultFixedLines", "DefaultTextLines",
+                            "DefaultHorizontalBlocks", "DefaultYRatio", "NumCharts",
+                            "DefaultFrameType", "OCUFlags"};
+    expected.sort();
+    EXPECT_EQ(keys, expected);
+    for (int i = 0; i < all.size(); ++i) EXPECT_EQ(all[i].toObject()["ClassID"].toInt(), i + 1);
+    // Singles print as their shortest decimal: 1.2f widened to double would print as
+    // 1.2000000476837158.
+    EXPECT_NE(r.out.find("\"DefaultYRatio\": 1.2,"), std::string::npos);
+    EXPECT_EQ(r.out.find("1.20000"), std::string::npos);
+}
+
+TEST(ToolUsage, BadCommandLinesExitWithTwoHelpAndVersionWithZero) {
+    for (auto args : std::vector<std::vector<std::string>>{{},
+                                                           {"frobnicate"},
+                                                           {"--colour", "classes"},
+                                                           {"classes", "extra"},
+                                                           {"--data", "/no/such/folder", "classes"},
+                                                           {"info"},
                                                            {"info", "a", "b"},
                                                            {"refs"},
                                                            {"xml"},
@@ -209,6 +238,12 @@ TEST(ToolPages, BadCommandLinesAreUsageErrors) {
                                                            {"dump", "a", "--format"},
                                                            {"dump", "a", "--format", "two"},
                                                            {"dump", "a", "--format", "99999"}}) {
-        EXPECT_EQ(Tool(args).status, kExitUsage) << args[0] << " " << args.size();
+        std::string line;
+        for (const std::string& a : args) line += a + " ";
+        EXPECT_EQ(Tool(args).status, kExitUsage) << line;
     }
+    ToolRun help = Tool({"--help"});
+    EXPECT_EQ(help.status, kExitOk);
+    EXPECT_NE(help.out.find("Usage: paginox-tool"), std::string::npos);
+    EXPECT_EQ(Tool({"--version"}).out.rfind("paginox-tool ", 0), 0u);
 }
