@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QTest>
-#include <cstdlib>
 #include <deque>
 #include <filesystem>
 #include <optional>
@@ -22,19 +21,11 @@
 #include "model/PageObjectClass.h"
 #include "persist/DefinitionReaders.h"
 #include "persist/FileIO_OClass.h"
+#include "support/GuiApplication.h"
 #include "support/RecordingMessages.h"
 #include "support/ScopedAppFolders.h"
 
 namespace paginox::test {
-
-inline void EnsureWidgetApplication() {
-    if (QApplication::instance()) return;
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    static int argc = 1;
-    static char name[] = "paginox-editor-test";
-    static char* argv[] = {name, nullptr};
-    new QApplication(argc, argv);  // kept to the end: fonts outlive the tests' statics
-}
 
 // Runs what the last events queued, and what that queued in turn (an item view commits an
 // edit through a queued call, and the list applies it through another).
@@ -78,7 +69,7 @@ class PageFormFixture {
     // The sample page "Birth Chart.pag": a wheel, a point list, an aspect grid (a triangle)
     // and a chart data box, on four formats.
     explicit PageFormFixture(const std::string& commandLineExtra = "", bool withFile = true) {
-        EnsureWidgetApplication();
+        EnsureGuiApplication<QApplication>();
         const std::string sample = PAGINOX_SAMPLE_DIR;
         Definitions().DefinitionsFolder = sample + "/System/";
         InstallDefinitionReaders();
