@@ -82,6 +82,23 @@ void DrawBlockBox(DrawingSurface& surface, const PageObjectClass& cls, const Pag
     }
 }
 
+// The opaque page is drawn over its shadow next, so only the strips it leaves showing at the
+// right and at the bottom are filled: filling the whole shadow would paint most of a screen
+// for nothing.
+void DrawShadowBesidePage(DrawingSurface& surface, const RectClass& shadow, const RectClass& page) {
+    int32_t rightFrom = std::max(shadow.Left(), CheckedAdd(page.Right(), 1));
+    if (rightFrom <= shadow.Right()) {
+        surface.DrawBox(rightFrom, shadow.Top(), shadow.Right(), shadow.Bottom(), kShadowColour,
+                        BoxFill::Solid);
+    }
+    int32_t bottomFrom = std::max(shadow.Top(), CheckedAdd(page.Bottom(), 1));
+    int32_t bottomTo = std::min(shadow.Right(), page.Right());
+    if (bottomFrom <= shadow.Bottom() && shadow.Left() <= bottomTo) {
+        surface.DrawBox(shadow.Left(), bottomFrom, bottomTo, shadow.Bottom(), kShadowColour,
+                        BoxFill::Solid);
+    }
+}
+
 }  // namespace
 
 const RectClass& PreviewRects::Object(int16_t k) const {
@@ -145,8 +162,7 @@ void DrawFormat(DrawingSurface& surface, const RectClass* surfaceRect, int16_t p
         int32_t d = ToInt32(surface.Scale().Width() * kShadowShare);
         RectClass shadow = page.Clone();
         shadow.Move(d, d);
-        surface.DrawBox(shadow.Left(), shadow.Top(), shadow.Right(), shadow.Bottom(), kShadowColour,
-                        BoxFill::Solid);
+        DrawShadowBesidePage(surface, shadow, page);
     }
 
     surface.SetFillColor(kPageColour);

@@ -233,7 +233,8 @@ TEST(PageDraw, PreviewDrawsShadowAndMarginFrameAndKeepsRectangles) {
     RecordingSurface empty;
     DrawFormat(empty, nullptr, 1, format, true, true, true, &rects);
     EXPECT_THAT(empty.calls,
-                ElementsAre("Box (56,46)-(775,585) rgb(128,128,128) solid",
+                ElementsAre("Box (760,46)-(775,585) rgb(128,128,128) solid",  // shadow strips
+                            "Box (56,570)-(759,585) rgb(128,128,128) solid",
                             "FillColor rgb(255,255,255)", "FillStyle 0", "ForeColor rgb(0,0,0)",
                             "Box (40,30)-(759,569) rgb(0,0,0) filled rgb(255,255,255)",
                             "FillColor rgb(224,224,224)", "DrawWidth 1", "DrawStyle 2",

@@ -3,6 +3,8 @@
 #include <QImage>
 #include <QPainter>
 
+#include "model/PageFormat.h"
+#include "render/PageDraw.h"
 #include "render/QtSurface.h"
 #include "support/GuiApplication.h"
 
@@ -154,4 +156,37 @@ TEST(QtSurface, OnePixelLinesAndOutlinesCoverTheirPixelsAtEitherRatio) {
         }
         EXPECT_EQ(drawn, expected) << "at ratio " << ratio;
     }
+}
+
+TEST(QtSurface, PreviewShadowLooksAsIfDrawnWholeUnderThePage) {
+    test::EnsureGuiApplication();
+    PageFormat format;
+    auto draw = [&](bool whole) {
+        QImage image(400, 300, QImage::Format_RGB32);
+        QtSurface s(image);
+        s.SetBackColor(Rgb(192, 192, 192));
+        s.Clear();
+        if (!whole) {
+            DrawFormat(s, nullptr, 1, format, false, true, false);
+            return image;
+        }
+        RectClass page = PageRect(s.Scale(), format, true);
+        int32_t d = 8;  // 2% of 400
+        s.DrawBox(page.Left() + d, page.Top() + d, page.Right() + d, page.Bottom() + d,
+                  kShadowColour, BoxFill::Solid);
+        s.SetFillColor(kPageColour);
+        s.SetFillStyle(kFillSolid);
+        s.DrawBox(page.Left(), page.Top(), page.Right(), page.Bottom(), kPageOutlineColour,
+                  BoxFill::CurrentFill);
+        RectClass margin = MarginRect(page, format);
+        s.SetDrawStyle(kLineDot);
+        s.SetFillStyle(kFillTransparent);
+        s.DrawBox(margin.Left(), margin.Top(), margin.Right(), margin.Bottom(),
+                  kMarginFrameColour, BoxFill::CurrentFill);
+        return image;
+    };
+    QImage strips = draw(false);
+    EXPECT_EQ(strips, draw(true));
+    EXPECT_EQ(At(strips, 390, 290), kGrey);                // beyond the shadow
+    EXPECT_EQ(At(strips, 385, 280), QColor(128, 128, 128));  // its bottom right corner
 }

@@ -62,7 +62,8 @@ TEST(SelectionMarks, RefreshDrawsMarksOnlyBelowTheLastObject) {
     EXPECT_THAT(std::vector<std::string>(first.calls.begin(), first.calls.begin() + 2),
                 ElementsAre("BackColor rgb(192,192,192)", "Clear rgb(192,192,192)"));
     // The squares take the light grey the margin frame left.
-    EXPECT_EQ(first.Matching("Box").size(), 2u + 3 + 1 + 4);  // shadow, page, objects, frame, marks
+    // shadow strips, page, objects, frame, marks
+    EXPECT_EQ(first.Matching("Box").size(), 3u + 3 + 1 + 4);
     EXPECT_EQ(first.calls.back(), "Box (398,192)-(402,196) rgb(192,192,192) solid");
     EXPECT_EQ(marks.Count(), 4);
 
