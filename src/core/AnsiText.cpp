@@ -2,8 +2,24 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace paginox {
+
+namespace {
+// The length of s without its trailing spaces. Fixed-width fields are mostly padding, so the
+// padding is skipped eight bytes at a time.
+size_t LengthWithoutTrailingSpaces(std::string_view s) {
+    constexpr uint64_t kEightSpaces = 0x2020202020202020u;
+    size_t e = s.size();
+    for (uint64_t word; e >= 8; e -= 8) {
+        std::memcpy(&word, s.data() + e - 8, 8);
+        if (word != kEightSpaces) break;
+    }
+    while (e > 0 && s[e - 1] == ' ') --e;
+    return e;
+}
+}  // namespace
 
 std::string LTrim(std::string_view s) {
     size_t b = s.find_first_not_of(' ');
@@ -11,11 +27,14 @@ std::string LTrim(std::string_view s) {
 }
 
 std::string RTrim(std::string_view s) {
-    size_t e = s.find_last_not_of(' ');
-    return e == std::string_view::npos ? std::string() : std::string(s.substr(0, e + 1));
+    return std::string(s.substr(0, LengthWithoutTrailingSpaces(s)));
 }
 
-std::string Trim(std::string_view s) { return LTrim(RTrim(s)); }
+std::string Trim(std::string_view s) {
+    s = s.substr(0, LengthWithoutTrailingSpaces(s));
+    size_t b = s.find_first_not_of(' ');
+    return b == std::string_view::npos ? std::string() : std::string(s.substr(b));
+}
 
 std::string FixLength(std::string_view s, size_t n) {
     std::string r(s.substr(0, n));

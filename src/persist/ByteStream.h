@@ -19,6 +19,8 @@ public:
     float Single();
     uint8_t Byte();
     std::string Text(size_t width);  // raw bytes, not trimmed
+    // The same bytes without a copy, valid as long as the buffer read from.
+    std::string_view TextView(size_t width) { return Take(width); }
     void Skip(size_t n);
 
     size_t Position() const { return pos_; }

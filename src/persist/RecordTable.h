@@ -176,12 +176,12 @@ void Read(ByteReader& in, std::span<const Field<T>> table, T& into) {
                        [&](const Singles<T>& f) {
                            for (int16_t i = 1; i <= f.count; ++i) (into.*f.set)(i, in.Single());
                        },
-                       [&](const Text<T>& f) { (into.*f.set)(f.clean(in.Text(f.width))); },
+                       [&](const Text<T>& f) { (into.*f.set)(f.clean(in.TextView(f.width))); },
                        [&](const Texts<T>& f) {
                            size_t start = in.Position();
                            int16_t used = UsedSlots<T>(into, f.used, f.count);
                            for (int16_t i = 1; i <= used; ++i)
-                               (into.*f.set)(i, f.clean(in.Text(f.width)));
+                               (into.*f.set)(i, f.clean(in.TextView(f.width)));
                            in.Seek(start + f.width * size_t(f.count));
                        },
                        [&](const Int16s<T>& f) {

@@ -18,6 +18,16 @@ TEST(AnsiText, TrimRemovesOnlySpaces) {
     EXPECT_EQ(LTrim("  a "), "a ");
     EXPECT_EQ(RTrim("  a "), "  a");
     EXPECT_EQ(Trim("    "), "");
+    // Long padding, skipped in runs of eight: the last kept character at every offset.
+    for (size_t kept = 0; kept <= 20; ++kept) {
+        std::string text = std::string(kept, 'x') + std::string(27 - kept, ' ');
+        if (kept > 2) text[kept / 2] = ' ';  // a space inside stays
+        std::string expected = text.substr(0, kept);
+        EXPECT_EQ(RTrim(text), expected) << kept;
+        EXPECT_EQ(Trim(" \t" + text), "\t" + expected) << kept;
+    }
+    std::string nul = std::string(16, ' ') + '\0';
+    EXPECT_EQ(RTrim(nul + std::string(15, ' ')), nul);
 }
 
 TEST(AnsiText, TrimFixedCutsAtTheFirstNul) {
