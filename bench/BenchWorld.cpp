@@ -54,17 +54,17 @@ void MakeCatalogue() {
     PageObjectClasses& all = ObjectClasses();
     all.SetCount(static_cast<int16_t>(std::size(kClasses)));
     int16_t id = 1;
-    for (const ClassSpec& spec : kClasses) {
+    for (const ClassSpec& row : kClasses) {
         auto cls = std::make_shared<PageObjectClass>();
         cls->SetClassID(id);
         cls->SetObjectType(id);
-        cls->SetShape(spec.shape);
-        cls->SetFullName(spec.name);
-        cls->SetNumCharts(spec.charts);
-        cls->SetDefaultFixedLines(spec.fixedLines);
-        cls->SetDefaultTextLines(spec.textLines);
-        cls->SetDefaultHorizontalBlocks(spec.blocks);
-        cls->SetDefaultFrameType(spec.frame);
+        cls->SetShape(row.shape);
+        cls->SetFullName(row.name);
+        cls->SetNumCharts(row.charts);
+        cls->SetDefaultFixedLines(row.fixedLines);
+        cls->SetDefaultTextLines(row.textLines);
+        cls->SetDefaultHorizontalBlocks(row.blocks);
+        cls->SetDefaultFrameType(row.frame);
         cls->SetOCUFlags(kOCUTitleLine);
         all.SetClass(id++, cls);
     }

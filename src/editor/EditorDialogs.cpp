@@ -10,13 +10,13 @@ namespace paginox {
 
 namespace {
 
-std::optional<std::string> RunFileDialog(QWidget* parent, const FileDialogSpec& spec, bool saving) {
-    QFileDialog dialog(parent, FromAnsi(spec.Title), FromPath(spec.Folder),
-                       FromAnsi(QtFileFilter(spec.Filter)));
+std::optional<std::string> RunFileDialog(QWidget* parent, const FileDialogSpec& request, bool saving) {
+    QFileDialog dialog(parent, FromAnsi(request.Title), FromPath(request.Folder),
+                       FromAnsi(QtFileFilter(request.Filter)));
     dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    dialog.setDefaultSuffix(QString::fromStdString(spec.DefaultSuffix));
-    if (!spec.FileName.empty()) dialog.selectFile(FromPath(spec.FileName));
+    dialog.setDefaultSuffix(QString::fromStdString(request.DefaultSuffix));
+    if (!request.FileName.empty()) dialog.selectFile(FromPath(request.FileName));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return std::nullopt;
     }
@@ -25,12 +25,12 @@ std::optional<std::string> RunFileDialog(QWidget* parent, const FileDialogSpec& 
 
 }  // namespace
 
-std::optional<std::string> QtDialogs::OpenFile(QWidget* parent, const FileDialogSpec& spec) {
-    return RunFileDialog(parent, spec, false);
+std::optional<std::string> QtDialogs::OpenFile(QWidget* parent, const FileDialogSpec& request) {
+    return RunFileDialog(parent, request, false);
 }
 
-std::optional<std::string> QtDialogs::SaveFile(QWidget* parent, const FileDialogSpec& spec) {
-    return RunFileDialog(parent, spec, true);
+std::optional<std::string> QtDialogs::SaveFile(QWidget* parent, const FileDialogSpec& request) {
+    return RunFileDialog(parent, request, true);
 }
 
 std::optional<int> QtDialogs::ChooseItem(QWidget* parent, const QString& title,

@@ -24,9 +24,9 @@ class EditorDialogs {
   public:
     virtual ~EditorDialogs() = default;
     // The chosen path (native), or nothing when cancelled.
-    virtual std::optional<std::string> OpenFile(QWidget* parent, const FileDialogSpec& spec) = 0;
+    virtual std::optional<std::string> OpenFile(QWidget* parent, const FileDialogSpec& request) = 0;
     // As OpenFile, asking before an existing file is replaced.
-    virtual std::optional<std::string> SaveFile(QWidget* parent, const FileDialogSpec& spec) = 0;
+    virtual std::optional<std::string> SaveFile(QWidget* parent, const FileDialogSpec& request) = 0;
     // One of the items, or nothing when cancelled.
     virtual std::optional<int> ChooseItem(QWidget* parent, const QString& title,
                                           const QString& label, const QStringList& items) = 0;
@@ -35,8 +35,8 @@ class EditorDialogs {
 // The real dialogs.
 class QtDialogs : public EditorDialogs {
   public:
-    std::optional<std::string> OpenFile(QWidget* parent, const FileDialogSpec& spec) override;
-    std::optional<std::string> SaveFile(QWidget* parent, const FileDialogSpec& spec) override;
+    std::optional<std::string> OpenFile(QWidget* parent, const FileDialogSpec& request) override;
+    std::optional<std::string> SaveFile(QWidget* parent, const FileDialogSpec& request) override;
     std::optional<int> ChooseItem(QWidget* parent, const QString& title, const QString& label,
                                   const QStringList& items) override;
 };

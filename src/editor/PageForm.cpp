@@ -563,19 +563,19 @@ void PageForm::keyPressEvent(QKeyEvent* event) {
 }
 
 void PageForm::ShowOpenDialog(std::string& fileName, bool& cancelled) {
-    FileDialogSpec spec{kOpenDialogTitle, kOpenDialogFilter, kPageExtension,
+    FileDialogSpec request{kOpenDialogTitle, kOpenDialogFilter, kPageExtension,
                         RTrim(AppFolders().Path(kPagesFolder)), fileName};
-    if (!spec.Folder.empty() && spec.Folder.back() == kNativeSeparator) spec.Folder.pop_back();
-    std::optional<std::string> chosen = dialogs_.OpenFile(this, spec);
+    if (!request.Folder.empty() && request.Folder.back() == kNativeSeparator) request.Folder.pop_back();
+    std::optional<std::string> chosen = dialogs_.OpenFile(this, request);
     cancelled = !chosen;
     if (chosen) fileName = *chosen;
 }
 
 void PageForm::ShowSaveAsDialog(std::string& fileName, bool& cancelled) {
-    FileDialogSpec spec{kSaveDialogTitle, kSaveDialogFilter, kPageExtension,
+    FileDialogSpec request{kSaveDialogTitle, kSaveDialogFilter, kPageExtension,
                         AppFolders().Path(kPagesFolder), fileName};
-    if (!spec.Folder.empty() && spec.Folder.back() == kNativeSeparator) spec.Folder.pop_back();
-    std::optional<std::string> chosen = dialogs_.SaveFile(this, spec);
+    if (!request.Folder.empty() && request.Folder.back() == kNativeSeparator) request.Folder.pop_back();
+    std::optional<std::string> chosen = dialogs_.SaveFile(this, request);
     cancelled = !chosen;
     if (chosen) fileName = *chosen;
 }

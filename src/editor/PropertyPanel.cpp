@@ -236,12 +236,12 @@ void PropertyPanel::BrowseForRow() {
     const PropertyRow& r = rows_[static_cast<size_t>(row)];
     if (r.Kind != RowKind::File) return;
     PickerSpec picker = PickerFor(r.Picker);
-    FileDialogSpec spec;
-    spec.Title = std::string("Select ") + picker.Subject;
-    spec.Filter = picker.Filter;
-    spec.DefaultSuffix = picker.DefaultExtension;
-    spec.Folder = AppFolders().Path(picker.Folder);
-    std::optional<std::string> path = dialogs_.OpenFile(this, spec);
+    FileDialogSpec request;
+    request.Title = std::string("Select ") + picker.Subject;
+    request.Filter = picker.Filter;
+    request.DefaultSuffix = picker.DefaultExtension;
+    request.Folder = AppFolders().Path(picker.Folder);
+    std::optional<std::string> path = dialogs_.OpenFile(this, request);
     if (!path) return;
     ApplyText(row, FromAnsi(PickedFileValue(r.Picker, *path)));
 }

@@ -40,11 +40,11 @@ class ScriptedDialogs : public EditorDialogs {
     std::deque<int> Choices;
     std::vector<FileDialogSpec> Shown;
 
-    std::optional<std::string> OpenFile(QWidget*, const FileDialogSpec& spec) override {
-        return Next(spec);
+    std::optional<std::string> OpenFile(QWidget*, const FileDialogSpec& request) override {
+        return Next(request);
     }
-    std::optional<std::string> SaveFile(QWidget*, const FileDialogSpec& spec) override {
-        return Next(spec);
+    std::optional<std::string> SaveFile(QWidget*, const FileDialogSpec& request) override {
+        return Next(request);
     }
     std::optional<int> ChooseItem(QWidget*, const QString&, const QString&,
                                   const QStringList&) override {
@@ -55,8 +55,8 @@ class ScriptedDialogs : public EditorDialogs {
     }
 
   private:
-    std::optional<std::string> Next(const FileDialogSpec& spec) {
-        Shown.push_back(spec);
+    std::optional<std::string> Next(const FileDialogSpec& request) {
+        Shown.push_back(request);
         if (Answers.empty()) return std::nullopt;
         std::optional<std::string> a = Answers.front();
         Answers.pop_front();
