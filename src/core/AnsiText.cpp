@@ -140,4 +140,25 @@ bool EqualsIgnoreCase(std::string_view a, std::string_view b) {
     return a.size() == b.size() && ToLowerAscii(a) == ToLowerAscii(b);
 }
 
+bool MatchesWildcard(std::string_view pattern, std::string_view name) {
+    // Greedy with one back-track point: linear in practice, never exponential.
+    size_t p = 0, n = 0, star = std::string_view::npos, resume = 0;
+    auto same = [](char a, char b) { return ToLowerAscii({&a, 1}) == ToLowerAscii({&b, 1}); };
+    while (n < name.size()) {
+        if (p < pattern.size() && pattern[p] == '*') {
+            star = p++;
+            resume = n;
+        } else if (p < pattern.size() && (pattern[p] == '?' || same(pattern[p], name[n]))) {
+            ++p, ++n;
+        } else if (star != std::string_view::npos) {
+            p = star + 1;
+            n = ++resume;
+        } else {
+            return false;
+        }
+    }
+    while (p < pattern.size() && pattern[p] == '*') ++p;
+    return p == pattern.size();
+}
+
 }  // namespace paginox

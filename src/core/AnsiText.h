@@ -28,4 +28,8 @@ std::string ToLowerAscii(std::string_view s);
 std::string ToUpperAscii(std::string_view s);
 bool EqualsIgnoreCase(std::string_view a, std::string_view b);
 
+// A file name against a listing pattern: "*" any run of characters, "?" any one character,
+// letters in either case, as the system's file listing takes them.
+bool MatchesWildcard(std::string_view pattern, std::string_view name);
+
 }  // namespace paginox

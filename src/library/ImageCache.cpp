@@ -24,21 +24,6 @@ std::string Escaped(const std::string& path, std::string_view replaced) {
     return out;
 }
 
-// "*" and "?" as the system's file listing takes them, letters in either case.
-bool Matches(std::string_view pattern, std::string_view name) {
-    if (pattern.empty()) return name.empty();
-    if (pattern[0] == '*') {
-        for (size_t i = 0; i <= name.size(); ++i) {
-            if (Matches(pattern.substr(1), name.substr(i))) return true;
-        }
-        return false;
-    }
-    if (name.empty()) return false;
-    if (pattern[0] != '?' && !EqualsIgnoreCase(pattern.substr(0, 1), name.substr(0, 1))) {
-        return false;
-    }
-    return Matches(pattern.substr(1), name.substr(1));
-}
 
 // A file's modification time in whole seconds; none when it cannot be read.
 std::optional<int64_t> ModifiedSecond(const std::string& path) {
@@ -105,7 +90,7 @@ void ImageCache::DeleteMatching(const std::string& pattern) {
         std::error_code ec;
         std::optional<fs::path> match;
         for (fs::directory_iterator it(dir, ec), end; !ec && it != end; it.increment(ec)) {
-            if (!it->is_directory(ec) && Matches(pattern, it->path().filename().string())) {
+            if (!it->is_directory(ec) && MatchesWildcard(pattern, it->path().filename().string())) {
                 match = it->path();
                 break;
             }

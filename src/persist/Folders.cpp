@@ -52,19 +52,6 @@ std::string HostFolder(const std::string& file, std::string_view key, const std:
     return v ? Cp1252ToUtf8(Trim(*v)) : Trim(def);
 }
 
-bool Matches(std::string_view pattern, std::string_view name) {
-    if (pattern.empty()) return name.empty();
-    if (pattern[0] == '*') {
-        for (size_t i = 0; i <= name.size(); ++i) {
-            if (Matches(pattern.substr(1), name.substr(i))) return true;
-        }
-        return false;
-    }
-    if (name.empty()) return false;
-    if (pattern[0] != '?' && ToLowerAscii(pattern.substr(0, 1)) != ToLowerAscii(name.substr(0, 1)))
-        return false;
-    return Matches(pattern.substr(1), name.substr(1));
-}
 
 }  // namespace
 
@@ -166,7 +153,7 @@ bool FileListed(const std::string& path, char sep) {
     }
     std::string folder = last == std::string::npos ? "." : path.substr(0, last + 1);
     for (fs::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec)) {
-        if (!it->is_directory(ec) && Matches(pattern, it->path().filename().string())) {
+        if (!it->is_directory(ec) && MatchesWildcard(pattern, it->path().filename().string())) {
             return true;
         }
     }

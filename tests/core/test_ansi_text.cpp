@@ -58,3 +58,17 @@ TEST(AnsiText, CaseInsensitiveComparisonIsAscii) {
     EXPECT_FALSE(EqualsIgnoreCase("Page", "Pages"));
     EXPECT_EQ(ToUpperAscii("bmp.x"), "BMP.X");
 }
+
+TEST(AnsiText, WildcardsMatchAsAFileListingDoes) {
+    EXPECT_TRUE(MatchesWildcard("*.bmp", "a.BMP"));
+    EXPECT_TRUE(MatchesWildcard("C__Pages_A.pag_*.bmp", "C__Pages_A.pag_120x90.bmp"));
+    EXPECT_FALSE(MatchesWildcard("C:_Pages_A.pag_*.bmp", "C__Pages_A.pag_120x90.bmp"));
+    EXPECT_TRUE(MatchesWildcard("a?c*", "abc"));
+    EXPECT_FALSE(MatchesWildcard("a?c", "ac"));
+    EXPECT_TRUE(MatchesWildcard("*a*b*", "xxaxxbxx"));
+    EXPECT_FALSE(MatchesWildcard("*a*b", "xxaxxbxxc"));
+    EXPECT_TRUE(MatchesWildcard("", ""));
+    EXPECT_FALSE(MatchesWildcard("", "a"));
+    // Many stars against a long non-match finishes at once.
+    EXPECT_FALSE(MatchesWildcard(std::string(30, '*') + "b", std::string(5000, 'a')));
+}
