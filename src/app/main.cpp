@@ -2,9 +2,9 @@
 
 #include <QApplication>
 
-#include "editor/StartUp.h"
 #include "library/ImageCache.h"
 #include "render/PictureCache.h"
+#include "ui/StartUp.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);

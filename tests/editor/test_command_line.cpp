@@ -49,24 +49,3 @@ TEST(ShortPath, LongPathsKeepTheirStartAndFileName) {
 
 }  // namespace
 }  // namespace paginox
-
-#include "editor/StartUp.h"
-#include "support/RecordingMessages.h"
-
-namespace paginox {
-namespace {
-
-TEST(StartUp, SecondCopyQuestion) {
-    test::RecordingMessages messages;
-    messages.Script({MsgAnswer::No, MsgAnswer::Yes});
-    EXPECT_FALSE(ConfirmSecondCopy());
-    EXPECT_TRUE(ConfirmSecondCopy());
-    EXPECT_EQ(messages.shown[0].text,
-              "A copy of Paginox is already running.\r\n\r\nAre you sure that you want to start "
-              "another copy?");
-    EXPECT_EQ(messages.shown[0].buttons, MsgButtons::YesNo);
-    EXPECT_EQ(messages.shown[0].icon, MsgIcon::Question);
-}
-
-}  // namespace
-}  // namespace paginox

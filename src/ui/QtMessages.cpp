@@ -1,4 +1,4 @@
-#include "editor/QtMessages.h"
+#include "ui/QtMessages.h"
 
 #include <QApplication>
 #include <QMessageBox>

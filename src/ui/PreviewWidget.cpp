@@ -1,4 +1,4 @@
-#include "editor/PreviewWidget.h"
+#include "ui/PreviewWidget.h"
 
 #include <QMouseEvent>
 #include <QPainter>

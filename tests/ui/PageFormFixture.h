@@ -10,10 +10,7 @@
 #include <optional>
 #include <string>
 
-#include "editor/EditorDialogs.h"
 #include "editor/EditorState.h"
-#include "editor/PageForm.h"
-#include "editor/PreviewWidget.h"
 #include "model/ModelState.h"
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
@@ -24,6 +21,9 @@
 #include "support/GuiApplication.h"
 #include "support/RecordingMessages.h"
 #include "support/ScopedAppFolders.h"
+#include "ui/EditorDialogs.h"
+#include "ui/PageForm.h"
+#include "ui/PreviewWidget.h"
 
 namespace paginox::test {
 

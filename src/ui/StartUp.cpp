@@ -1,4 +1,4 @@
-#include "editor/StartUp.h"
+#include "ui/StartUp.h"
 
 #include <QApplication>
 #include <QDir>
@@ -8,10 +8,7 @@
 
 #include "core/MessageService.h"
 #include "editor/CommandLine.h"
-#include "editor/EditorDialogs.h"
 #include "editor/EditorState.h"
-#include "editor/PageForm.h"
-#include "editor/QtMessages.h"
 #include "editor/QtText.h"
 #include "model/PageObjectClasses.h"
 #include "model/ScreenTwips.h"
@@ -19,6 +16,9 @@
 #include "persist/DemoEnvironment.h"
 #include "persist/FileIO_OClass.h"
 #include "persist/Folders.h"
+#include "ui/EditorDialogs.h"
+#include "ui/PageForm.h"
+#include "ui/QtMessages.h"
 
 namespace paginox {
 

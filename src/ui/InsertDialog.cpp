@@ -1,4 +1,4 @@
-#include "editor/InsertDialog.h"
+#include "ui/InsertDialog.h"
 
 #include <QApplication>
 #include <QHBoxLayout>

@@ -1,4 +1,4 @@
-#include "editor/PropertyPanel.h"
+#include "ui/PropertyPanel.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -13,7 +13,6 @@
 #include "core/MessageService.h"
 #include "core/RuntimeError.h"
 #include "editor/EditStep.h"
-#include "editor/EditorDialogs.h"
 #include "editor/EditorState.h"
 #include "editor/ObjectCommands.h"
 #include "editor/QtText.h"
@@ -21,6 +20,7 @@
 #include "model/PageFormat.h"
 #include "model/PageObject.h"
 #include "persist/Folders.h"
+#include "ui/EditorDialogs.h"
 
 namespace paginox {
 

@@ -1,4 +1,4 @@
-#include "editor/PositionDialog.h"
+#include "ui/PositionDialog.h"
 
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>

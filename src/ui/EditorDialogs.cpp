@@ -1,4 +1,4 @@
-#include "editor/EditorDialogs.h"
+#include "ui/EditorDialogs.h"
 
 #include <QFileDialog>
 #include <QInputDialog>
@@ -10,7 +10,8 @@ namespace paginox {
 
 namespace {
 
-std::optional<std::string> RunFileDialog(QWidget* parent, const FileDialogSpec& request, bool saving) {
+std::optional<std::string> RunFileDialog(QWidget* parent, const FileDialogSpec& request,
+                                         bool saving) {
     QFileDialog dialog(parent, FromAnsi(request.Title), FromPath(request.Folder),
                        FromAnsi(QtFileFilter(request.Filter)));
     dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);

@@ -9,11 +9,12 @@
 #include <QTableWidget>
 
 #include "editor/EditorFixture.h"
-#include "editor/InsertDialog.h"
 #include "editor/Manipulation.h"
-#include "editor/PageFormFixture.h"
-#include "editor/PropertyPanel.h"
 #include "persist/FileIO_Page.h"
+#include "ui/InsertDialog.h"
+#include "ui/PageFormFixture.h"
+#include "ui/PropertyPanel.h"
+#include "ui/StartUp.h"
 
 namespace paginox {
 namespace {
@@ -388,6 +389,18 @@ TEST(InsertDialog, GroupedListDescriptionPreviewAndInsert) {
     QTest::mouseClick(list2->viewport(), Qt::LeftButton, {}, row.center());
     QTest::mouseDClick(list2->viewport(), Qt::LeftButton, {}, row.center());
     EXPECT_EQ(fx.state.CurrentFormat->NumObjects(), before + 2);
+}
+
+TEST(StartUp, SecondCopyQuestion) {
+    test::RecordingMessages messages;
+    messages.Script({MsgAnswer::No, MsgAnswer::Yes});
+    EXPECT_FALSE(ConfirmSecondCopy());
+    EXPECT_TRUE(ConfirmSecondCopy());
+    EXPECT_EQ(messages.shown[0].text,
+              "A copy of Paginox is already running.\r\n\r\nAre you sure that you want to start "
+              "another copy?");
+    EXPECT_EQ(messages.shown[0].buttons, MsgButtons::YesNo);
+    EXPECT_EQ(messages.shown[0].icon, MsgIcon::Question);
 }
 
 }  // namespace

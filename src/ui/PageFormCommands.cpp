@@ -1,0 +1,237 @@
+#include "ui/PageForm.h"
+
+// The main window's commands and the handlers of its controls' events.
+
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QUrl>
+
+#include "core/AnsiText.h"
+#include "core/MessageService.h"
+#include "core/RuntimeError.h"
+#include "editor/EditStep.h"
+#include "editor/EditorState.h"
+#include "editor/FileRoutines.h"
+#include "editor/Manipulation.h"
+#include "editor/ObjectCommands.h"
+#include "editor/QtText.h"
+#include "model/PageClass.h"
+#include "model/PageFormat.h"
+#include "model/PageObject.h"
+#include "model/PageObjectClass.h"
+#include "model/PageObjectClasses.h"
+#include "persist/Folders.h"
+#include "persist/XMLOutPage.h"
+#include "ui/EditorDialogs.h"
+#include "ui/InsertDialog.h"
+#include "ui/PositionDialog.h"
+#include "ui/PreviewWidget.h"
+#include "ui/PropertyPanel.h"
+
+namespace paginox {
+
+namespace {
+// Help by context number, as the host's help file is organised.
+constexpr const char* kHelpFileName = "veltrane.chm";
+}  // namespace
+
+void PageForm::ObjectChosen(int16_t index) {
+    if (!objectClickUpdate_) return;
+    state_.SelectedObject = index;
+    RefreshUI(false);
+    preview_->DrawMarksDirectly();
+    properties_->RebuildRows();
+    std::shared_ptr<PageObject> obj = state_.Selected();
+    properties_->EditColumnsButton()->setEnabled(obj && obj->POClass().HasFlexibleListColumns());
+    state_.PreviousSelectedObject = state_.SelectedObject;
+    UpdateMenuState();
+}
+
+// A press on the preview chose SelectedObject: the selector follows, which redraws; when it
+// already showed that object only the marks are drawn again.
+void PageForm::PreviewSelectionMade() {
+    int16_t shown = static_cast<int16_t>(properties_->ObjectSelector()->currentIndex());
+    int16_t wanted = state_.Selected() ? state_.SelectedObject : 0;
+    if (shown == wanted) {
+        preview_->DrawMarksDirectly();
+    } else {
+        properties_->ShowSelectedObject();
+    }
+    state_.PreviousSelectedObject = state_.SelectedObject;
+}
+
+void PageForm::PreviewDragFinished(int16_t dragMode, float dx, float dy) {
+    try {
+        EditStep step(state_, undo_);
+        CommitDrag(state_, step, dragMode, dx, dy);
+    } catch (const RuntimeError& e) {
+        ShowMessage(e.Description(), "", MsgIcon::Exclamation);
+    }
+    RefreshUI(true);
+    PreviewSelectionMade();
+}
+
+void PageForm::PreviewPopup(const QPoint& globalPos) {
+    std::shared_ptr<PageObject> obj = state_.Selected();
+    if (!obj) return;
+    UpdateMenuState();
+    QMenu popup(this);
+    popup.setObjectName("mnuPopup");
+    for (const char* name :
+         {"mnuPopupCopy", "mnuPopupDelete", "mnuPopupEditFlexible", "mnuPopupMoveToFront",
+          "mnuPopupMoveToBack", "mnuPopupAlign", "mnuPopupPos"}) {
+        QAction* action = findChild<QAction*>(name);
+        if (std::string(name) == "mnuPopupEditFlexible" &&
+            !obj->POClass().HasFlexibleListColumns()) {
+            continue;
+        }
+        popup.addAction(action);
+    }
+    ShowPopup(popup, globalPos);
+}
+
+void PageForm::DescriptionEdited() {
+    if (!state_.Page) return;
+    try {
+        EditStep step(state_, undo_);
+        if (!step.Set(kPropDescription, ToAnsi(description_->text()), 0, 0, 0)) return;
+    } catch (const RuntimeError& e) {
+        ShowMessage(e.Description(), "", MsgIcon::Exclamation);
+    }
+    RefreshUI(true);
+}
+
+void PageForm::TranslateToXml() {
+    std::optional<std::string> written = TranslateToXML(state_.CurrentFile, state_.Page.get());
+    if (written) statusBar()->showMessage("Translated to " + FromPath(*written), 8000);
+}
+
+void PageForm::NotAvailable(const QString& what) {
+    ShowMessage(ToAnsi(what + " is not available in this version of Paginox."), "",
+                MsgIcon::Information);
+}
+
+void PageForm::DeletePageSize() {
+    if (!state_.Page || state_.Page->NumFormats() < 2) return;
+    if (Messages().Show("Are you sure that you want to delete the current page size from the "
+                        "list of page sizes?",
+                        "Confirm Deletion", MsgButtons::OkCancel, MsgIcon::None) != MsgAnswer::Ok) {
+        return;
+    }
+    state_.Page->DeleteFormat(state_.CurrentFormatIndex);
+    // Format indices in the history no longer name the same formats.
+    undo_.Clear();
+    {
+        QSignalBlocker block(sizes_);
+        delete sizes_->takeItem(state_.CurrentFormatIndex - 1);
+    }
+    // -1 makes the row handler load format 1 even when it was the one shown before.
+    state_.CurrentFormatIndex = -1;
+    sizes_->setCurrentRow(-1);
+    sizes_->setCurrentRow(0);
+    state_.PageChanged = true;
+}
+
+void PageForm::AddObject() {
+    InsertDialog dialog(state_, ObjectClasses(), this);
+    if (dialog.exec() == QDialog::Accepted) RefreshUI(true);
+}
+
+void PageForm::CopyObject() {
+    if (CopySelectedObject(state_)) RefreshUI(true);
+}
+
+void PageForm::DeleteSelectedObject() {
+    int16_t index = static_cast<int16_t>(properties_->ObjectSelector()->currentIndex());
+    if (!DeleteObject(state_, index, false)) return;
+    // Later objects moved down: the history's object indices no longer hold.
+    undo_.Clear();
+    RefreshUI(true);
+    properties_->EditColumnsButton()->setEnabled(false);
+}
+
+void PageForm::MoveToFront(bool front) {
+    if (!(front ? MoveSelectedToFront(state_) : MoveSelectedToBack(state_))) return;
+    undo_.Clear();
+    RefreshUI(true);
+}
+
+void PageForm::AlignObject() {
+    if (!state_.Selected()) return;
+    const QStringList choices = {"Left edge", "Centre (across)", "Right edge",
+                                 "Top edge",  "Middle (down)",   "Bottom edge"};
+    std::optional<int> choice =
+        dialogs_.ChooseItem(this, "Align Object",
+                            "Line the selected object up with the page's printable area:", choices);
+    if (!choice || *choice < 0) return;
+    try {
+        EditStep step(state_, undo_);
+        AlignSelectedObject(state_, step, static_cast<Alignment>(*choice));
+    } catch (const RuntimeError& e) {
+        ShowMessage(e.Description(), "", MsgIcon::Exclamation);
+    }
+    RefreshUI(true);
+}
+
+void PageForm::PositionObject() {
+    std::shared_ptr<PageObject> obj = state_.Selected();
+    if (!obj) return;
+    PositionDialog dialog(*obj, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    try {
+        EditStep step(state_, undo_);
+        for (int16_t axis = 1; axis <= 2; ++axis) {
+            step.Set(kPropOrigin, dialog.Origin(axis), 0, 0, axis);
+            step.Set(kPropLength, dialog.Length(axis), 0, 0, axis);
+        }
+    } catch (const RuntimeError& e) {
+        ShowMessage(e.Description(), "", MsgIcon::Exclamation);
+    }
+    RefreshUI(true);
+}
+
+void PageForm::EditColumns() {
+    NotAvailable("The column editor");
+}
+
+void PageForm::UndoOrRedo(bool redo) {
+    try {
+        if (redo) {
+            undo_.Redo();
+        } else {
+            undo_.Undo();
+        }
+    } catch (const RuntimeError& e) {
+        ShowMessage(e.Description(), "", MsgIcon::Exclamation);
+    }
+    RefreshUI(true);
+}
+
+void PageForm::HelpContents() {
+    std::string helpFile = AppFolders().Path(kSystemDataFolder) + kHelpFileName;
+    if (FileExists(helpFile) &&
+        QDesktopServices::openUrl(QUrl::fromLocalFile(FromPath(helpFile)))) {
+        return;
+    }
+    ShowMessage(
+        ToAnsi(QString("Paginox edits the page layouts Veltrane shows and prints.\n\n"
+                       "Click an object on the preview to select it; drag it to move it, or drag "
+                       "one of its small grey handles to resize it. Escape abandons a drag. The "
+                       "right mouse button opens the object menu.\n\n"
+                       "Object > Add Object inserts a new object from the catalogue. The list on "
+                       "the right edits the settings of the selected object, or of the page when "
+                       "no object is selected; each change can be undone with Edit > Undo.\n\n"
+                       "The page sizes list switches between the page's formats.")),
+        "Paginox Help", MsgIcon::Information);
+}
+
+void PageForm::ShowPageSummary() {
+    if (state_.Page) ShowMessage(state_.Page->PageSummary(state_.CurrentFile), "Page Summary");
+}
+
+}  // namespace paginox
