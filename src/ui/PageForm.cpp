@@ -2,8 +2,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QDesktopServices>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -16,19 +14,13 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include "core/AnsiText.h"
 #include "core/MessageService.h"
-#include "core/NumberFormat.h"
-#include "core/RuntimeError.h"
 #include "editor/CommandLine.h"
-#include "editor/EditStep.h"
 #include "editor/EditorState.h"
 #include "editor/FileRoutines.h"
-#include "editor/Manipulation.h"
-#include "editor/ObjectCommands.h"
 #include "editor/PageSizes.h"
 #include "editor/QtText.h"
 #include "model/PageClass.h"
@@ -39,10 +31,7 @@
 #include "model/ScreenTwips.h"
 #include "persist/BinaryFile.h"
 #include "persist/Folders.h"
-#include "persist/XMLOutPage.h"
 #include "ui/EditorDialogs.h"
-#include "ui/InsertDialog.h"
-#include "ui/PositionDialog.h"
 #include "ui/PreviewWidget.h"
 #include "ui/PropertyPanel.h"
 #include "ui/QtMessages.h"
