@@ -21,7 +21,7 @@ int16_t HitTestObjects(const EditorState& state, float x, float y) {
     const PageFormat& format = *state.CurrentFormat;
     int16_t top = std::min(format.NumObjects(), state.Rects.ObjectCount());
     for (int16_t k = top; k >= 1; --k) {
-        if (!format.Object(k)) continue;
+        if (!format.Object(k) || !state.Rects.IsPlaced(k)) continue;
         if (state.Rects.Object(k).HitTestShape(format.POClass(k).Shape(), x, y)) return k;
     }
     return 0;

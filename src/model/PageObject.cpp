@@ -64,9 +64,8 @@ void PageObject::SetPointsFile(int16_t k, const std::string& v) {
 }
 
 const PageObjectClass& PageObject::POClass() const {
-    std::shared_ptr<PageObjectClass> cls = ObjectClasses().Class(objectClassID_);
-    if (!cls) Raise(kObjectNotSet);
-    return *cls;
+    if (!IsKnownClass(objectClassID_)) return StandInClass(objectClassID_);
+    return *ObjectClasses().Class(objectClassID_);
 }
 
 std::shared_ptr<PageObject> PageObject::Clone() const {

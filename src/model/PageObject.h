@@ -77,8 +77,9 @@ class PageObject {
     const std::string& PointsFile(int16_t k) const;
     void SetPointsFile(int16_t k, const std::string& v);
 
-    // The class at position ObjectClassID of the program's catalogue; a position outside it
-    // is a subscript error, a slot never filled "Object variable not set".
+    // The class at position ObjectClassID of the program's catalogue; for a number the
+    // catalogue does not hold, its stand-in (StandInClass), so that a page made with another
+    // catalogue still opens and can be repaired.
     const PageObjectClass& POClass() const;
 
     std::shared_ptr<PageObject> Clone() const;

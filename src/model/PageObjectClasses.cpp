@@ -1,5 +1,8 @@
 #include "model/PageObjectClasses.h"
 
+#include <map>
+#include <mutex>
+#include <string>
 #include <utility>
 
 #include "core/Checked.h"
@@ -24,6 +27,27 @@ void PageObjectClasses::SetClass(int16_t index, std::shared_ptr<PageObjectClass>
 PageObjectClasses& ObjectClasses() {
     static PageObjectClasses catalogue;
     return catalogue;
+}
+
+bool IsKnownClass(int16_t classID) {
+    const PageObjectClasses& all = ObjectClasses();
+    return classID >= 1 && classID <= all.Count() && all.Class(classID) != nullptr;
+}
+
+const PageObjectClass& StandInClass(int16_t classID) {
+    // Thumbnails are drawn on worker threads too.
+    static std::mutex guard;
+    static std::map<int16_t, PageObjectClass> standIns;
+    std::lock_guard<std::mutex> lock(guard);
+    auto [it, added] = standIns.try_emplace(classID);
+    if (added) {
+        PageObjectClass& cls = it->second;
+        cls.SetClassID(classID);
+        cls.SetFullName("Unknown class " + std::to_string(classID));
+        cls.SetShape(kShapeBox);
+        cls.SetDefaultHorizontalBlocks(1);
+    }
+    return it->second;
 }
 
 }  // namespace paginox

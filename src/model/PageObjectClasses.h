@@ -29,4 +29,13 @@ class PageObjectClasses {
 // The program's one catalogue, filled from "objects.dfn" at start-up.
 PageObjectClasses& ObjectClasses();
 
+// Whether the catalogue holds class classID (in range and filled).
+bool IsKnownClass(int16_t classID);
+
+// The class of an object whose number the catalogue does not hold (a page made with a larger
+// catalogue, or a damaged file): a plain box without lines, flags or charts, named after the
+// number, so that such an object can still be shown, listed, moved, resized and deleted.
+// The same reference is returned for the same number for the life of the program.
+const PageObjectClass& StandInClass(int16_t classID);
+
 }  // namespace paginox

@@ -8,6 +8,7 @@
 #include "model/PageFormat.h"
 #include "model/PageObject.h"
 #include "model/PageObjectClass.h"
+#include "model/PageObjectClasses.h"
 
 namespace paginox {
 
@@ -20,11 +21,7 @@ const T& Present(const std::shared_ptr<T>& p) {
 
 // An object whose class the catalogue does not hold is still exported, without a name.
 std::string ClassName(const PageObject& obj) {
-    try {
-        return obj.POClass().FullName();
-    } catch (const RuntimeError&) {
-        return std::string();
-    }
+    return IsKnownClass(obj.ObjectClassID()) ? obj.POClass().FullName() : std::string();
 }
 }  // namespace
 

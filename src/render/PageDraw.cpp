@@ -4,9 +4,11 @@
 
 #include "core/Checked.h"
 #include "core/Rounding.h"
+#include "core/RuntimeError.h"
 #include "model/PageFormat.h"
 #include "model/PageObject.h"
 #include "model/PageObjectClass.h"
+#include "model/PageObjectClasses.h"
 #include "persist/BinaryFile.h"
 #include "render/ImageDraw.h"
 #include "render/PictureCache.h"
@@ -99,11 +101,28 @@ void DrawShadowBesidePage(DrawingSurface& surface, const RectClass& shadow, cons
     }
 }
 
+// One object of a format in its rectangle, with the charts it shows below its name.
+void DrawPlacedObject(DrawingSurface& surface, int16_t pageNumCharts, const PageObject& obj,
+                      const PageFormat& format, const RectClass& r, bool labels, bool pictures) {
+    DrawObject(surface, pageNumCharts, obj.POClass(), &obj, format, &r, labels, pictures);
+    if (!labels) return;
+    // Below the object's name, centred on where the name left the text position; an object
+    // without a chart label still takes its (empty) line.
+    std::string label =
+        pageNumCharts >= 2 && obj.NumCharts() >= 1 ? ChartLabel(obj) : std::string();
+    surface.SetCurrentX(surface.CurrentX() - surface.TextWidth(label) / 2);
+    surface.Print(label);
+}
+
 }  // namespace
 
 const RectClass& PreviewRects::Object(int16_t k) const {
     CheckIndex(k, 1, ObjectCount());
     return Objects[k - 1];
+}
+
+bool PreviewRects::IsPlaced(int16_t k) const {
+    return std::find(Unplaced.begin(), Unplaced.end(), k) == Unplaced.end();
 }
 
 RectClass PageRect(const RectClass& surfaceRect, const PageFormat& format, bool interactive) {
@@ -144,20 +163,33 @@ RectClass MarginRect(const RectClass& pageRect, const PageFormat& format) {
     return margin;
 }
 
-void DrawFormat(DrawingSurface& surface, const RectClass* surfaceRect, int16_t pageNumCharts,
-                const PageFormat& format, bool labels, bool interactive, bool pictures,
-                PreviewRects* rects) {
+std::vector<DrawProblem> DrawFormat(DrawingSurface& surface, const RectClass* surfaceRect,
+                                    int16_t pageNumCharts, const PageFormat& format, bool labels,
+                                    bool interactive, bool pictures, PreviewRects* rects) {
+    std::vector<DrawProblem> problems;
     RectClass area = surfaceRect ? *surfaceRect : surface.Scale();
-    RectClass page = PageRect(area, format, interactive);
-    RectClass margin = MarginRect(page, format);
     int16_t count = format.NumObjects();
-
+    if (interactive && rects) {
+        // Left as they were for a format without objects.
+        if (count > 0) rects->Objects.assign(static_cast<size_t>(count), RectClass());
+        rects->Unplaced.clear();
+    }
+    RectClass page;
+    RectClass margin;
+    try {
+        page = PageRect(area, format, interactive);
+        margin = MarginRect(page, format);
+    } catch (const RuntimeError& e) {
+        problems.push_back({0, e.Description(), false});
+        if (interactive && rects) {
+            for (int16_t i = 1; i <= count; ++i) rects->Unplaced.push_back(i);
+        }
+        return problems;
+    }
     if (interactive) {
         if (rects) {
             rects->Page = page;
             rects->Margin = margin;
-            // Left as they were for a format without objects.
-            if (count > 0) rects->Objects.assign(static_cast<size_t>(count), RectClass());
         }
         int32_t d = ToInt32(surface.Scale().Width() * kShadowShare);
         RectClass shadow = page.Clone();
@@ -175,16 +207,20 @@ void DrawFormat(DrawingSurface& surface, const RectClass* surfaceRect, int16_t p
     for (int16_t i = 1; i <= count; ++i) {
         std::shared_ptr<PageObject> obj = format.Object(i);
         if (!obj) continue;
-        RectClass r = obj->GetRect(margin.Left(), margin.Top(), margin.Width(), margin.Height());
-        if (interactive && rects) rects->Objects[i - 1] = r;
-        DrawObject(surface, pageNumCharts, obj->POClass(), obj.get(), format, &r, labels, pictures);
-        if (labels) {
-            // Below the object's name, centred on where the name left the text position; an
-            // object without a chart label still takes its (empty) line.
-            std::string label =
-                pageNumCharts >= 2 && obj->NumCharts() >= 1 ? ChartLabel(*obj) : std::string();
-            surface.SetCurrentX(surface.CurrentX() - surface.TextWidth(label) / 2);
-            surface.Print(label);
+        if (!IsKnownClass(obj->ObjectClassID())) {
+            problems.push_back({i,
+                                "class " + std::to_string(obj->ObjectClassID()) +
+                                    " is not in the catalogue; drawn as a plain box",
+                                true});
+        }
+        try {
+            RectClass r =
+                obj->GetRect(margin.Left(), margin.Top(), margin.Width(), margin.Height());
+            if (interactive && rects) rects->Objects[i - 1] = r;
+            DrawPlacedObject(surface, pageNumCharts, *obj, format, r, labels, pictures);
+        } catch (const RuntimeError& e) {
+            problems.push_back({i, "not drawn: " + e.Description(), false});
+            if (interactive && rects) rects->Unplaced.push_back(i);
         }
     }
 
@@ -196,6 +232,7 @@ void DrawFormat(DrawingSurface& surface, const RectClass* surfaceRect, int16_t p
         surface.DrawBox(margin.Left(), margin.Top(), margin.Right(), margin.Bottom(),
                         surface.ForeColor(), BoxFill::CurrentFill);
     }
+    return problems;
 }
 
 void DrawObject(DrawingSurface& surface, int16_t pageNumCharts, const PageObjectClass& cls,
@@ -219,7 +256,12 @@ void DrawObject(DrawingSurface& surface, int16_t pageNumCharts, const PageObject
             DrawTriangle(surface, r, f);
             break;
         case kShapeBox:
-            DrawBlockBox(surface, cls, obj, r, f);
+            if (obj && !IsKnownClass(obj->ObjectClassID())) {
+                surface.DrawBox(r.Left(), r.Top(), r.Right(), r.Bottom(), surface.ForeColor(),
+                                BoxFill::Outline);
+            } else {
+                DrawBlockBox(surface, cls, obj, r, f);
+            }
             break;
         default:
             break;

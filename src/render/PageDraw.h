@@ -36,10 +36,21 @@ struct PreviewRects {
     RectClass Page;                  // the page on the preview, in pixels
     RectClass Margin;                // the printable area inside the page's margins
     std::vector<RectClass> Objects;  // one per object of the format, indexed from 1 by Object
+    // Objects whose place could not be worked out: drawn nowhere, so nothing to grab.
+    std::vector<int16_t> Unplaced;
 
     int16_t ObjectCount() const { return static_cast<int16_t>(Objects.size()); }
     // k in 1..ObjectCount, else "Subscript out of range".
     const RectClass& Object(int16_t k) const;
+    bool IsPlaced(int16_t k) const;
+};
+
+// What kept an object (Object >= 1) or the whole format (Object 0) from being drawn as it
+// should: Drawn tells whether something was drawn in its place all the same.
+struct DrawProblem {
+    int16_t Object = 0;
+    std::string Description;
+    bool Drawn = false;
 };
 
 // The page on a surface rectangle: the largest rectangle of the format's proportions
@@ -51,10 +62,13 @@ RectClass MarginRect(const RectClass& pageRect, const PageFormat& format);
 
 // Draws a format. Without a surface rectangle the surface's whole scale is used. Interactive
 // drawing adds the shadow and the dotted margin frame and, when rects is given, leaves the
-// page, margin and object rectangles in it.
-void DrawFormat(DrawingSurface& surface, const RectClass* surfaceRect, int16_t pageNumCharts,
-                const PageFormat& format, bool labels, bool interactive, bool pictures,
-                PreviewRects* rects = nullptr);
+// page, margin and object rectangles in it. A damaged page never stops the drawing: an
+// object of a class the catalogue lacks is drawn as a plain box, one whose place or frame
+// cannot be worked out is left out, a format whose page cannot be placed is left empty; each
+// such case is returned.
+std::vector<DrawProblem> DrawFormat(DrawingSurface& surface, const RectClass* surfaceRect,
+                                    int16_t pageNumCharts, const PageFormat& format, bool labels,
+                                    bool interactive, bool pictures, PreviewRects* rects = nullptr);
 
 // Draws one object in objRect, or, with no rectangle, in the class's default place on the
 // surface (the insert dialog previews a class without an object).

@@ -8,18 +8,46 @@
 
 namespace paginox {
 
-void RefreshPreview(DrawingSurface& surface, int16_t pageNumCharts, const PageFormat* format,
-                    bool labels, int16_t selectedObject, PreviewRects& rects,
-                    SelectionMarkSet& marks) {
-    if (!format) return;
+std::vector<DrawProblem> RefreshPreview(DrawingSurface& surface, int16_t pageNumCharts,
+                                        const PageFormat* format, bool labels,
+                                        int16_t selectedObject, PreviewRects& rects,
+                                        SelectionMarkSet& marks) {
+    if (!format) return {};
     surface.SetBackColor(kPreviewBackColour);
     surface.Clear();
-    DrawFormat(surface, nullptr, pageNumCharts, *format, labels, true, true, &rects);
+    std::vector<DrawProblem> problems =
+        DrawFormat(surface, nullptr, pageNumCharts, *format, labels, true, true, &rects);
     // Strict at the top on purpose: the last object of a format shows no marks here.
-    if (selectedObject > 0 && selectedObject < format->NumObjects()) {
+    if (selectedObject > 0 && selectedObject < format->NumObjects() &&
+        rects.IsPlaced(selectedObject)) {
         marks.PlaceFor(rects.Object(selectedObject), format->POClass(selectedObject).Shape());
         marks.Draw(surface);
     }
+    return problems;
+}
+
+std::string PreviewNote(const std::vector<DrawProblem>& problems) {
+    auto count = [](size_t n) { return std::to_string(n) + (n == 1 ? " object" : " objects"); };
+    size_t unplaced = 0;
+    size_t unknown = 0;
+    for (const DrawProblem& p : problems) {
+        if (p.Object == 0) {
+            return "This page size cannot be drawn (" + p.Description +
+                   "): correct its values or choose another size.";
+        }
+        ++(p.Drawn ? unknown : unplaced);
+    }
+    std::string note;
+    if (unplaced > 0) {
+        note = count(unplaced) + " cannot be placed and " + (unplaced == 1 ? "is" : "are") +
+               " not shown: correct Anchor and Size in the property list.";
+    }
+    if (unknown > 0) {
+        if (!note.empty()) note += " ";
+        note += count(unknown) + " of a class the catalogue does not hold " +
+                (unknown == 1 ? "is" : "are") + " shown as a plain box.";
+    }
+    return note;
 }
 
 }  // namespace paginox

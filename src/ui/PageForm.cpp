@@ -119,7 +119,15 @@ void PageForm::BuildControls() {
     layout->addWidget(picture, 1);
     layout->addWidget(side);
     setCentralWidget(central);
-    statusBar();
+    // What the preview could not draw of a damaged page stays in view until it is repaired.
+    drawNote_ = new QLabel(this);
+    drawNote_->setObjectName("lblDrawNote");
+    drawNote_->setVisible(false);
+    statusBar()->addPermanentWidget(drawNote_);
+    connect(preview_, &PreviewWidget::drawNoteChanged, this, [this](const QString& note) {
+        drawNote_->setText(note);
+        drawNote_->setVisible(!note.isEmpty());
+    });
 
     connect(sizes_, &QListWidget::currentRowChanged, this,
             [this](int row) { SizeRowClicked(row); });

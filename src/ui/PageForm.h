@@ -109,6 +109,7 @@ class PageForm : public QMainWindow, private DocumentHost {
     QLineEdit* description_ = nullptr;
     QLabel* numObjects_ = nullptr;
     QLabel* numCharts_ = nullptr;
+    QLabel* drawNote_ = nullptr;
     PropertyPanel* properties_ = nullptr;
     QMenu* objectMenu_ = nullptr;
     QMenu* pageMenu_ = nullptr;

@@ -6,6 +6,7 @@
 #include "core/Rounding.h"
 #include "editor/EditorState.h"
 #include "editor/Manipulation.h"
+#include "editor/QtText.h"
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
 #include "model/PageObject.h"
@@ -51,19 +52,35 @@ void PreviewWidget::Redraw() {
     QPixmap pixmap(size() * ratio);
     pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(QColor(192, 192, 192));
+    std::string note;
     if (state_.Page && state_.CurrentFormat) {
-        QtSurface surface(pixmap);
-        RefreshPreview(surface, state_.Page->NumCharts(), state_.CurrentFormat.get(), true,
-                       state_.SelectedObject, state_.Rects, state_.SelectionMarks);
+        try {
+            QtSurface surface(pixmap);
+            note = PreviewNote(
+                RefreshPreview(surface, state_.Page->NumCharts(), state_.CurrentFormat.get(), true,
+                               state_.SelectedObject, state_.Rects, state_.SelectionMarks));
+        } catch (const std::exception& e) {
+            // Whatever else goes wrong, the preview stays empty and says why.
+            pixmap.fill(QColor(192, 192, 192));
+            state_.Rects = PreviewRects{};
+            note = std::string("The page cannot be drawn: ") + e.what();
+        }
     }
     page_ = pixmap;
+    if (FromAnsi(note) != drawNote_) {
+        drawNote_ = FromAnsi(note);
+        emit drawNoteChanged(drawNote_);
+    }
     outline_.reset();
     update();
 }
 
 void PreviewWidget::DrawMarksDirectly() {
     std::shared_ptr<PageObject> obj = state_.Selected();
-    if (!obj || state_.SelectedObject > state_.Rects.ObjectCount()) return;
+    if (!obj || state_.SelectedObject > state_.Rects.ObjectCount() ||
+        !state_.Rects.IsPlaced(state_.SelectedObject)) {
+        return;
+    }
     state_.SelectionMarks.PlaceFor(state_.Rects.Object(state_.SelectedObject),
                                    obj->POClass().Shape());
     QtSurface surface(page_);

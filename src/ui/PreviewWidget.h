@@ -32,6 +32,8 @@ class PreviewWidget : public QWidget {
     bool MouseIsDown() const { return mouseIsDown_; }
     // The drawn page, as the user sees it without the drag outline.
     const QPixmap& PagePixmap() const { return page_; }
+    // What the last drawing could not show, for the status bar; empty when all was drawn.
+    const QString& DrawNote() const { return drawNote_; }
 
   signals:
     // A press selected SelectedObject (0: none); the window shows the selection.
@@ -42,6 +44,8 @@ class PreviewWidget : public QWidget {
     void pressed();
     // The button went up after a drag of the selected object by (dx, dy) pixels.
     void dragFinished(int16_t dragMode, float dx, float dy);
+    // The last drawing left a different note (DrawNote).
+    void drawNoteChanged(const QString& note);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -56,6 +60,7 @@ class PreviewWidget : public QWidget {
 
     EditorState& state_;
     QPixmap page_;
+    QString drawNote_;
     int16_t dragMode_ = 0;
     float downX_ = 0;
     float downY_ = 0;

@@ -3,6 +3,7 @@
 #include "model/ModelState.h"
 #include "model/PageFormat.h"
 #include "model/PageObject.h"
+#include "model/PageObjectClasses.h"
 
 using namespace paginox;
 using test::ErrorOf;
@@ -36,10 +37,27 @@ TEST(PageObject, LineCountsUseTheClassAndTheTitleBit) {
     EXPECT_EQ(o.BlockLines(), 2 + 4);
     o.SetHorzBlocks(0);
     EXPECT_EQ(o.BlockLines(), 2 + 10);
-    o.SetObjectClassID(2);
-    EXPECT_EQ(ErrorOf([&] { o.POClass(); }), kSubscriptOutOfRange);
-    ObjectClasses().SetCount(2);
-    EXPECT_EQ(ErrorOf([&] { o.TotalLines(); }), kObjectNotSet);
+}
+
+TEST(PageObject, ClassesTheCatalogueLacksGetOneStandInEach) {
+    test::ScopedModelState state;
+    state.AddClass(0);
+    ObjectClasses().SetCount(2);  // slot 2 never filled
+    PageObject o;
+    for (int16_t id : {int16_t(0), int16_t(2), int16_t(3), int16_t(-7)}) {
+        SCOPED_TRACE(id);
+        o.SetObjectClassID(id);
+        const PageObjectClass& cls = o.POClass();
+        EXPECT_FALSE(IsKnownClass(id));
+        EXPECT_EQ(&cls, &StandInClass(id));
+        EXPECT_EQ(cls.FullName(), "Unknown class " + std::to_string(id));
+        EXPECT_EQ(cls.Shape(), kShapeBox);
+        EXPECT_EQ(cls.OCUFlags(), 0);
+        EXPECT_EQ(o.TotalLines(), 0);
+    }
+    o.SetObjectClassID(1);
+    EXPECT_TRUE(IsKnownClass(1));
+    EXPECT_EQ(&o.POClass(), ObjectClasses().Class(1).get());
 }
 
 TEST(PageObject, ListBoxWidthsUseColumnLabelsFontAndFrame) {

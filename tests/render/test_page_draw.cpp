@@ -1,11 +1,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+
 #include "model/ModelState.h"
 #include "model/PageFormat.h"
 #include "model/PageObject.h"
 #include "model/PageObjectClass.h"
 #include "render/PageDraw.h"
+#include "render/PreviewRefresh.h"
 #include "support/RecordingSurface.h"
 
 using namespace paginox;
@@ -254,4 +258,67 @@ TEST(PageDraw, PreviewDrawsShadowAndMarginFrameAndKeepsRectangles) {
     EXPECT_EQ(rects.Object(2).ToString(), "(0,0)-(0,0)");
     EXPECT_EQ(rects.Object(3).ToString(), "(47,35)-(399,299)");
     EXPECT_EQ(s.calls.back(), "Box (47,35)-(752,564) rgb(192,192,192) unfilled");
+}
+
+TEST(PageDraw, DamagedObjectsAreReportedAndNeverStopTheDrawing) {
+    Catalogue cat;
+    auto box = cat.Add(kShapeBox, "Box", 1, 0);
+    PageFormat format;
+    Place(format, *box, 0.1f, 0.1f, 0.2f, 0.2f);
+    Place(format, *box, std::nanf(""), 0.1f, 0.2f, 0.2f)->SetObjectClassID(1);
+    Place(format, *box, 0.1f, 0.1f, 1e30f, 0.2f);
+    Place(format, *box, 0.5f, 0.5f, 0.2f, 0.2f)->SetObjectClassID(42);
+    PreviewRects rects;
+    RecordingSurface s;
+    std::vector<DrawProblem> problems = DrawFormat(s, nullptr, 1, format, true, true, true, &rects);
+    ASSERT_EQ(problems.size(), 3u);
+    EXPECT_EQ(problems[0].Object, 2);
+    EXPECT_EQ(problems[0].Description, "not drawn: Overflow");
+    EXPECT_FALSE(problems[0].Drawn);
+    EXPECT_EQ(problems[1].Object, 3);
+    EXPECT_EQ(problems[2].Object, 4);
+    EXPECT_TRUE(problems[2].Drawn);
+    EXPECT_THAT(rects.Unplaced, ElementsAre(2, 3));
+    EXPECT_TRUE(rects.IsPlaced(1));
+    EXPECT_TRUE(rects.IsPlaced(4));
+    // The unknown object: one plain outline, no grid or frame, labelled with its number.
+    EXPECT_THAT(s.Matching("Box (400,300)"),
+                ElementsAre("Box (400,300)-(541,406) " + kGrey + " outline"));
+    EXPECT_EQ(s.Matching("Print 'Unknown class 42'").size(), 1u);
+    EXPECT_EQ(s.calls.back(), "Box (47,35)-(752,564) rgb(192,192,192) unfilled");
+}
+
+TEST(PageDraw, AFormatThatCannotBePlacedIsLeftEmpty) {
+    Catalogue cat;
+    auto box = cat.Add(kShapeBox, "Box", 1, 1);
+    PageFormat format;
+    Place(format, *box, 0.1f, 0.1f, 0.2f, 0.2f);
+    format.SetMargin(1, 1, std::numeric_limits<float>::infinity());
+    PreviewRects rects;
+    RecordingSurface s;
+    std::vector<DrawProblem> problems = DrawFormat(s, nullptr, 1, format, true, true, true, &rects);
+    ASSERT_EQ(problems.size(), 1u);
+    EXPECT_EQ(problems[0].Object, 0);
+    EXPECT_THAT(s.calls, ::testing::IsEmpty());
+    EXPECT_THAT(rects.Unplaced, ElementsAre(1));
+
+    // A format of no pixels cannot size any frame: its objects are left out, one by one.
+    format.SetMargin(1, 1, 0.0f);
+    format.SetXPixels(0);
+    problems = DrawFormat(s, nullptr, 1, format, true, true, true, &rects);
+    ASSERT_EQ(problems.size(), 1u);
+    EXPECT_EQ(problems[0].Object, 1);
+    EXPECT_EQ(problems[0].Description, "not drawn: Division by zero");
+}
+
+TEST(PageDraw, PreviewNoteSaysWhatIsMissing) {
+    const std::vector<std::pair<std::vector<DrawProblem>, std::string>> cases = {
+        {{}, ""},
+        {{{0, "Overflow", false}},
+         "This page size cannot be drawn (Overflow): correct its values or choose another size."},
+        {{{2, "x", false}, {3, "x", false}, {4, "x", true}},
+         "2 objects cannot be placed and are not shown: correct Anchor and Size in the property "
+         "list. 1 object of a class the catalogue does not hold is shown as a plain box."},
+    };
+    for (const auto& [problems, note] : cases) EXPECT_EQ(PreviewNote(problems), note);
 }
