@@ -147,8 +147,13 @@ int CommandRender(const ToolOptions& options, std::ostream&) {
             surface.SetBackColor(kPreviewBackColour);
             surface.Clear();
         }
-        DrawFormat(surface, nullptr, page->NumCharts(), format, r.labels, r.interactive, r.pictures,
-                   &rects);
+        // A damaged page is drawn as far as it goes; what is missing is said, not fatal.
+        for (const DrawProblem& p : DrawFormat(surface, nullptr, page->NumCharts(), format,
+                                               r.labels, r.interactive, r.pictures, &rects)) {
+            std::string where = "format " + std::to_string(r.format);
+            if (p.Object > 0) where += ", object " + std::to_string(p.Object);
+            ShowMessage(where + ": " + p.Description, "Warning", MsgIcon::Exclamation);
+        }
     } catch (const RuntimeError& e) {
         return ReportPageError(r.page, e);
     }

@@ -53,7 +53,7 @@ TEST(RenderCommand, ThumbnailAndPreviewOfASamplePage) {
     // and bottom rows, all of it on the image.
     EXPECT_EQ(thumb.image.pixelColor(160, 0), QColor(0, 0, 0));
     EXPECT_EQ(thumb.image.pixelColor(160, 239), QColor(0, 0, 0));
-    EXPECT_TRUE(HasBlue(thumb.image));                             // labels
+    EXPECT_TRUE(HasBlue(thumb.image));  // labels
 
     // The sample picture lies beside the page: with pictures the thumbnail shows it.
     Render bare = RunRender(dir, {kSamplePage, "-o", out, "--size", "320x240", "--no-pictures"});
@@ -89,4 +89,28 @@ TEST(RenderCommand, UsageErrorsAndFailures) {
     ASSERT_EQ(messages.shown.size(), 2u);
     EXPECT_EQ(messages.shown[0].title, "Open Error");
     EXPECT_EQ(messages.shown[1].text.rfind("Error whilst writing the image ", 0), 0u);
+}
+
+TEST(RenderCommand, ADamagedPageIsDrawnAsFarAsItGoesWithWarnings) {
+    test::TempDir dir;
+    std::string bytes = test::ReadAll(kSamplePage);
+    // The first format's first object gets a class the catalogue lacks, its second a NaN Origin.
+    const size_t first = 349 + 34;
+    const size_t second = first + 1605;
+    ASSERT_GT(bytes.size(), second + 16);
+    bytes[first] = char(0xE7);  // class 999
+    bytes[first + 1] = char(0x03);
+    const char nan[4] = {0, 0, char(0xC0), char(0x7F)};
+    std::copy(nan, nan + 4, bytes.begin() + second + 12);
+    std::string page = dir.Write("damaged.pag", bytes);
+
+    test::RecordingMessages messages;
+    Render r = RunRender(dir, {page, "-o", dir / "out.png"});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_FALSE(r.image.isNull());
+    ASSERT_EQ(messages.shown.size(), 2u);
+    EXPECT_EQ(messages.shown[0].title, "Warning");
+    EXPECT_EQ(messages.shown[0].text,
+              "format 1, object 1: class 999 is not in the catalogue; drawn as a plain box");
+    EXPECT_EQ(messages.shown[1].text, "format 1, object 2: not drawn: Overflow");
 }
