@@ -1,5 +1,6 @@
 #include "persist/FileIO_OClass.h"
 
+#include <filesystem>
 #include <memory>
 #include <variant>
 
@@ -133,6 +134,48 @@ void LoadObjectClasses(const std::string& path, PageObjectClasses& into) {
         // Nothing was written, so a failing close loses nothing.
     }
     if (last < count) into.SetCount(last);
+}
+
+namespace {
+enum class CatalogueFile { Whole, Missing, Empty, CutShort };
+
+// The file as found before loading, which creates a missing one.
+CatalogueFile CheckObjectClassFile(const std::string& path) {
+    std::error_code error;
+    uintmax_t size = std::filesystem::file_size(path, error);
+    if (error) return CatalogueFile::Missing;
+    if (size == 0) return CatalogueFile::Empty;
+    return size % kObjectClassRecordLength == 0 ? CatalogueFile::Whole : CatalogueFile::CutShort;
+}
+
+std::string CatalogueWarning(CatalogueFile found, const std::string& path, int16_t classes) {
+    std::string state;
+    switch (found) {
+        case CatalogueFile::Whole:
+            return std::string();
+        case CatalogueFile::Missing:
+            state = " was not found, so it";
+            break;
+        case CatalogueFile::Empty:
+            state = " is empty: it";
+            break;
+        case CatalogueFile::CutShort:
+            state = " is cut short: it";
+            break;
+    }
+    return "The object class catalogue " + path + state + " holds " + std::to_string(classes) +
+           (classes == 1 ? " class" : " classes") +
+           "; pages that use others show them as unknown objects.";
+}
+}  // namespace
+
+void LoadCatalogue(const std::string& path) {
+    CatalogueFile found = CheckObjectClassFile(path);
+    LoadObjectClasses(path, ObjectClasses());
+    if (found != CatalogueFile::Whole) {
+        ShowMessage(CatalogueWarning(found, path, ObjectClasses().Count()), "Object Classes",
+                    MsgIcon::Exclamation);
+    }
 }
 
 }  // namespace paginox

@@ -4,6 +4,7 @@
 // class, record i being the class with ClassID i.
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 namespace paginox {
@@ -17,5 +18,9 @@ inline constexpr size_t kObjectClassRecordLength = 219;
 // than a 16-bit count, is reported and leaves the catalogue empty. A read error ends the
 // loading at the last complete class.
 void LoadObjectClasses(const std::string& path, PageObjectClasses& into);
+
+// Loads the program's catalogue at start-up. A missing, empty or cut catalogue is said once
+// (pages then show the classes it lacks as unknown objects); a whole one silently.
+void LoadCatalogue(const std::string& path);
 
 }  // namespace paginox

@@ -35,7 +35,7 @@ void LoadDefinitionsFrom(const std::string& dir) {
     Definitions().DefinitionsFolder = folder;
     InstallDefinitionReaders();
     ReadRulerships(folder + "rulers2.fil");
-    LoadObjectClasses(folder + "objects.dfn", ObjectClasses());
+    LoadCatalogue(folder + "objects.dfn");
     ReadAspectListDefs(folder + "Alist.dfn");
     ReadPointListDefs(folder + "plist.dfn");
 }
@@ -49,8 +49,7 @@ void LoadToolDefinitions(const ToolOptions& options) {
         return;
     }
     InitToolFolders();
-    LoadDefinitions(AppFolders(),
-                    [](const std::string& path) { LoadObjectClasses(path, ObjectClasses()); });
+    LoadDefinitions(AppFolders(), LoadCatalogue);
 }
 
 int CommandFolders(const ToolOptions& options, std::ostream& out) {
@@ -58,8 +57,7 @@ int CommandFolders(const ToolOptions& options, std::ostream& out) {
     InitToolFolders();
     const Folders& folders = AppFolders();
     for (int16_t i = 0; i < Folders::kCount; ++i) {
-        out << i << '\t' << folders.Path(i) << '\t' << Cp1252ToUtf8(folders.DisplayName(i))
-            << '\n';
+        out << i << '\t' << folders.Path(i) << '\t' << Cp1252ToUtf8(folders.DisplayName(i)) << '\n';
     }
     out << "Settings file\t" << folders.SettingsFile() << '\n';
     return kExitOk;

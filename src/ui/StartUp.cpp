@@ -57,8 +57,7 @@ int RunEditor(QApplication& app) {
     EditorState state;
     state.UsingDemoData =
         InitFolders(FindSampleFolder(ToPath(QCoreApplication::applicationDirPath())));
-    LoadDefinitions(AppFolders(),
-                    [](const std::string& path) { LoadObjectClasses(path, ObjectClasses()); });
+    LoadDefinitions(AppFolders(), LoadCatalogue);
 
     // 6 and 7. The selection marks live in the state; the window loads on the command line.
     QtDialogs dialogs;

@@ -5,6 +5,7 @@
 #include <sstream>
 #include <string>
 
+#include "model/ModelState.h"
 #include "model/PageObjectClasses.h"
 #include "persist/ByteStream.h"
 #include "persist/FileIO_OClass.h"
@@ -113,4 +114,32 @@ TEST(ObjectClassFile, MoreRecordsThanASixteenBitCountIsReportedNotLoaded) {
     EXPECT_EQ(classes.Count(), 0);
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].text, "Error whilst reading file " + path + "\r\n\r\nOverflow");
+}
+
+TEST(ObjectClassFile, StartUpSaysOnceWhenTheCatalogueIsNotWhole) {
+    test::TempDir dir;
+    test::ScopedModelState state;
+    const std::string tail = "; pages that use others show them as unknown objects.";
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"whole.dfn", ""},
+        {"missing.dfn", " was not found, so it holds 0 classes"},
+        {"empty.dfn", " is empty: it holds 0 classes"},
+        {"cut.dfn", " is cut short: it holds 2 classes"},
+    };
+    dir.Write("whole.dfn", Records(2));
+    dir.Write("empty.dfn", "");
+    dir.Write("cut.dfn", Records(2) + "x");
+    for (const auto& [name, said] : cases) {
+        SCOPED_TRACE(name);
+        test::RecordingMessages messages;
+        LoadCatalogue(dir / name);
+        if (said.empty()) {
+            EXPECT_TRUE(messages.shown.empty());
+            continue;
+        }
+        ASSERT_EQ(messages.shown.size(), 1u);
+        EXPECT_EQ(messages.shown[0].text,
+                  "The object class catalogue " + (dir / name) + said + tail);
+        EXPECT_EQ(messages.shown[0].title, "Object Classes");
+    }
 }
