@@ -1,9 +1,12 @@
 #include "editor/DocumentFlow.h"
 
+#include <filesystem>
+
 #include "core/AnsiText.h"
 #include "core/MessageService.h"
 #include "editor/EditorState.h"
 #include "editor/PageSizes.h"
+#include "editor/RecoveryStore.h"
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
 #include "persist/FileIO_Page.h"
@@ -12,10 +15,12 @@ namespace paginox {
 
 void DocumentFlow::SaveChangesPrompt(bool& cancel) {
     cancel = false;
+    lastAnswer_.reset();
     if (!state_.UpdatePageChanged()) return;
     MsgAnswer answer =
         Messages().Show("Changes have been made. Do you wish to save these changes?",
                         "Save Changes?", MsgButtons::YesNoCancel, MsgIcon::Exclamation);
+    lastAnswer_ = answer;
     if (answer == MsgAnswer::Cancel) {
         cancel = true;
         return;
@@ -34,6 +39,7 @@ void DocumentFlow::SaveChangesPrompt(bool& cancel) {
 }
 
 void DocumentFlow::NewPage() {
+    if (recovery_) recovery_->Discard();
     state_.CurrentFile.clear();
     state_.Page = std::make_shared<PageClass>();
     state_.Page->InitNewPage();
@@ -58,6 +64,7 @@ void DocumentFlow::ResetNewPage() {
 }
 
 void DocumentFlow::OpenWorkFile() {
+    if (recovery_) recovery_->Discard();
     state_.CurrentFormatIndex = 0;
     state_.CurrentFormat = nullptr;
     state_.SelectedObject = 0;
@@ -74,6 +81,7 @@ void DocumentFlow::OpenWorkFile() {
 bool DocumentFlow::Save() {
     if (!state_.Page || !SavePage(state_.CurrentFile, *state_.Page)) return false;
     state_.MarkSaved();
+    if (recovery_) recovery_->Discard();
     return true;
 }
 
@@ -118,6 +126,65 @@ void DocumentFlow::Closing() {
     // Cancel in the prompt is deliberately not passed on: closing goes ahead as with No.
     bool cancel = false;
     SaveChangesPrompt(cancel);
+    if (!recovery_) return;
+    // No means the changes are given up; anything else left unsaved is kept.
+    if (state_.PageChanged && lastAnswer_ != MsgAnswer::No && state_.Page) {
+        ReportKeptCopy(recovery_->Keep(*state_.Page, state_.CurrentFile));
+    } else {
+        recovery_->Discard();
+    }
+}
+
+void DocumentFlow::KeepRecoveryCopy() {
+    if (!recovery_ || !state_.Page) return;
+    if (state_.UpdatePageChanged()) {
+        recovery_->Keep(*state_.Page, state_.CurrentFile);
+    } else {
+        recovery_->Discard();
+    }
+}
+
+std::string DocumentFlow::KeepCopyNow() {
+    if (!recovery_ || !state_.Page) return std::string();
+    return recovery_->Keep(*state_.Page, state_.CurrentFile);
+}
+
+void DocumentFlow::ReportKeptCopy(const std::string& path) {
+    if (path.empty()) return;
+    ShowMessage("Your unsaved changes have been kept in " + path + kCrLf + kCrLf +
+                    "Paginox offers to open them the next time it starts.",
+                "Changes Kept", MsgIcon::Information);
+}
+
+void DocumentFlow::OfferRecoveredPages() {
+    if (!recovery_) return;
+    for (const std::string& path : recovery_->Leftovers()) {
+        std::string name = std::filesystem::path(path).filename().string();
+        if (Messages().Show("Open recovered page " + name + "?", "Recovered Page",
+                            MsgButtons::YesNo, MsgIcon::Question) != MsgAnswer::Yes) {
+            continue;
+        }
+        bool cancel = false;
+        SaveChangesPrompt(cancel);
+        if (cancel) return;
+        std::shared_ptr<PageClass> page = ReadPage(path, -1, true);
+        if (!page) continue;
+        recovery_->Discard();
+        // Opened as a page never saved, and changed, so that closing asks where to keep it.
+        state_.CurrentFile.clear();
+        state_.Page = page;
+        state_.CurrentFormatIndex = 0;
+        state_.CurrentFormat = nullptr;
+        state_.SelectedObject = 0;
+        state_.SavedPage = std::make_shared<PageClass>();
+        state_.SavedPage->InitNewPage();
+        state_.UpdatePageChanged();
+        host_.PageReplaced();
+        recovery_->Adopt(path);
+        host_.InitFormatList();
+        host_.RefreshUI(true);
+        return;
+    }
 }
 
 }  // namespace paginox

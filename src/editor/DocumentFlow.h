@@ -3,11 +3,15 @@
 // Opening, making, saving and closing the page, decided without a window. The window lends
 // its dialogs and its size list through DocumentHost, so tests script every answer.
 
+#include <optional>
 #include <string>
+
+#include "core/MessageService.h"
 
 namespace paginox {
 
 class EditorState;
+class RecoveryStore;
 
 // What the document commands need from the main window.
 class DocumentHost {
@@ -54,11 +58,26 @@ class DocumentFlow {
     void FileSave();
     void FileSaveAs();
     // Runs when the program is closed: the save prompt, whose Cancel does not stop closing.
+    // Changes that were not saved (a failed save, Cancel) are kept as a recovery copy.
     void Closing();
 
+    // Recovery copies; none are kept without a store.
+    void SetRecovery(RecoveryStore* store) { recovery_ = store; }
+    // The periodic copy: kept while the page has unsaved changes, removed when it has none.
+    void KeepRecoveryCopy();
+    // Keeps a copy whatever the page's state (an unexpected error); its path, or empty.
+    std::string KeepCopyNow();
+    // Offers each copy an earlier run left, oldest first, until one is opened.
+    void OfferRecoveredPages();
+
   private:
+    // Says where unsaved changes were kept.
+    void ReportKeptCopy(const std::string& path);
+
     EditorState& state_;
     DocumentHost& host_;
+    RecoveryStore* recovery_ = nullptr;
+    std::optional<MsgAnswer> lastAnswer_;  // of the last save prompt; none when not asked
 };
 
 // The dialogs' texts.

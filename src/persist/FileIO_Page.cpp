@@ -273,9 +273,13 @@ std::shared_ptr<PageClass> ReadPage(const std::string& fileName, int16_t formatI
     }
 }
 
+void WritePageFile(const std::string& fileName, const PageClass& page) {
+    SaveFileAtomically(fileName, PageFileBytes(page));
+}
+
 bool SavePage(const std::string& fileName, const PageClass& page) {
     try {
-        SaveFileAtomically(fileName, PageFileBytes(page));
+        WritePageFile(fileName, page);
         return true;
     } catch (const RuntimeError& e) {
         ShowMessage(

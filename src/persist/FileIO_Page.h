@@ -31,5 +31,7 @@ std::shared_ptr<PageClass> ReadPage(const std::string& fileName, int16_t formatI
 // Writes the page as version 4, replacing the file only once the whole page is written. False
 // after the "Save Error" message; the old file is then as it was.
 bool SavePage(const std::string& fileName, const PageClass& page);
+// Writes the page as SavePage does, without a message: a failure is thrown.
+void WritePageFile(const std::string& fileName, const PageClass& page);
 
 }  // namespace paginox

@@ -18,6 +18,7 @@
 
 #include "core/AnsiText.h"
 #include "core/MessageService.h"
+#include "editor/CommandGuard.h"
 #include "editor/CommandLine.h"
 #include "editor/EditorState.h"
 #include "editor/FileRoutines.h"
@@ -68,6 +69,32 @@ PageForm::PageForm(EditorState& state, EditorDialogs& dialogs, QWidget* parent)
                    static_cast<int>(kMinHeightTwips / tpp.Y));
     resize(1180, 820);
     undo_.Clear();
+    recoveryTimer_.setInterval(kRecoveryIntervalMs);
+    connect(&recoveryTimer_, &QTimer::timeout, this,
+            [this] { Guard("Keeping a recovery copy", [this] { flow_.KeepRecoveryCopy(); }); });
+    recoveryTimer_.start();
+}
+
+void PageForm::Guard(const QString& what, const std::function<void()>& command) {
+    if (!RunCommand(state_, ToAnsi(what), command)) FollowRestoredPage();
+}
+
+void PageForm::FollowRestoredPage() {
+    try {
+        FillSizeList();
+        QSignalBlocker block(sizes_);
+        sizes_->setCurrentRow(state_.CurrentFormatIndex - 1);
+        RefreshUI(true);
+    } catch (const std::exception& e) {
+        ShowMessage(CommandFailedText("Showing the page", e.what()), "", MsgIcon::Exclamation);
+    }
+}
+
+void PageForm::OnUnexpectedError(const std::string& description) {
+    std::string text = "An unexpected error occurred: " + description;
+    std::string kept = flow_.KeepCopyNow();
+    if (!kept.empty()) text += std::string(kCrLf) + kCrLf + "Your page has been kept in " + kept;
+    ShowMessage(text, "", MsgIcon::Critical);
 }
 
 QString PageForm::DemoDataNote() {
@@ -130,17 +157,22 @@ void PageForm::BuildControls() {
     });
 
     connect(sizes_, &QListWidget::currentRowChanged, this,
-            [this](int row) { SizeRowClicked(row); });
-    connect(description_, &QLineEdit::editingFinished, this, [this] { DescriptionEdited(); });
+            [this](int row) { Guard("Showing the page size", [=] { SizeRowClicked(row); }); });
+    connect(description_, &QLineEdit::editingFinished, this,
+            [this] { Guard("Changing the description", [this] { DescriptionEdited(); }); });
     connect(properties_, &PropertyPanel::objectChosen, this,
-            [this](int16_t index) { ObjectChosen(index); });
-    connect(properties_, &PropertyPanel::propertyChanged, this, [this] { RefreshUI(true); });
-    connect(properties_, &PropertyPanel::editColumnsRequested, this, [this] { EditColumns(); });
+            [this](int16_t index) { Guard("Choosing the object", [=] { ObjectChosen(index); }); });
+    connect(properties_, &PropertyPanel::propertyChanged, this,
+            [this] { Guard("Showing the change", [this] { RefreshUI(true); }); });
+    connect(properties_, &PropertyPanel::editColumnsRequested, this,
+            [this] { Guard("Edit Columns", [this] { EditColumns(); }); });
     connect(preview_, &PreviewWidget::pressed, this,
             [this] { properties_->EditColumnsButton()->setEnabled(false); });
-    connect(preview_, &PreviewWidget::selectionMade, this, [this] { PreviewSelectionMade(); });
-    connect(preview_, &PreviewWidget::dragFinished, this,
-            [this](int16_t mode, float dx, float dy) { PreviewDragFinished(mode, dx, dy); });
+    connect(preview_, &PreviewWidget::selectionMade, this,
+            [this] { Guard("Selecting the object", [this] { PreviewSelectionMade(); }); });
+    connect(preview_, &PreviewWidget::dragFinished, this, [this](int16_t mode, float dx, float dy) {
+        Guard("Moving the object", [=] { PreviewDragFinished(mode, dx, dy); });
+    });
     connect(preview_, &PreviewWidget::popupRequested, this,
             [this](const QPoint& pos) { PreviewPopup(pos); });
 }
@@ -149,7 +181,9 @@ QAction* PageForm::AddAction(QMenu* menu, const char* name, const QString& text,
                              std::function<void()> handler) {
     QAction* action = menu->addAction(text);
     action->setObjectName(name);
-    connect(action, &QAction::triggered, this, [handler = std::move(handler)] { handler(); });
+    QString what = QString(text).remove('&').remove("...");
+    connect(action, &QAction::triggered, this,
+            [this, what, handler = std::move(handler)] { Guard(what, handler); });
     return action;
 }
 
@@ -249,12 +283,13 @@ void PageForm::Load(const std::string& commandLine) {
         note->setObjectName("lblDemoData");
         statusBar()->addPermanentWidget(note, 1);
     }
+    bool opened = false;
     if (FileExists(state_.CurrentFile)) {
-        OpenWorkFile();
-    } else {
-        flow_.NewPage();
+        opened = RunCommand(state_, "Opening " + state_.CurrentFile, [this] { OpenWorkFile(); });
     }
+    if (!opened) flow_.NewPage();
     if (!state_.PendingReset) RefreshUI(true);
+    Guard("Opening a recovered page", [this] { flow_.OfferRecoveredPages(); });
 }
 
 void PageForm::SetObjectClickUpdate(bool update) {
@@ -266,20 +301,23 @@ void PageForm::OpenWorkFile() {
     flow_.OpenWorkFile();
 }
 
-void PageForm::InitFormatList() {
-    {
-        QSignalBlocker block(sizes_);
-        sizes_->clear();
+void PageForm::FillSizeList() {
+    QSignalBlocker block(sizes_);
+    sizes_->clear();
+    if (!state_.Page) return;
+    for (int16_t k = 1; k <= state_.Page->NumFormats(); ++k) {
+        std::shared_ptr<PageFormat> format = state_.Page->GetFormat(k);
+        sizes_->addItem(format ? FromAnsi(FormatDisplayName(*format)) : QString());
     }
+}
+
+void PageForm::InitFormatList() {
+    FillSizeList();
     if (!state_.Page) return;
     int16_t count = state_.Page->NumFormats();
     int row = 0;
     for (int16_t k = 1; k <= count; ++k) {
         std::shared_ptr<PageFormat> format = state_.Page->GetFormat(k);
-        {
-            QSignalBlocker block(sizes_);
-            sizes_->addItem(format ? FromAnsi(FormatDisplayName(*format)) : QString());
-        }
         if (format && FormatFitsScreen(*format, ScreenWidth(), ScreenHeight())) row = k - 1;
     }
     if (state_.StartPageSizeIndex >= 1 && state_.StartPageSizeIndex <= count) {

@@ -5,6 +5,7 @@
 // end with RefreshUI.
 
 #include <QMainWindow>
+#include <QTimer>
 #include <functional>
 #include <string>
 
@@ -21,6 +22,7 @@ namespace paginox {
 
 class EditorDialogs;
 class EditorState;
+class RecoveryStore;
 class PreviewWidget;
 class PropertyPanel;
 
@@ -51,6 +53,16 @@ class PageForm : public QMainWindow, private DocumentHost {
     // The status bar note shown while the folders are the demo copy of the sample data.
     static QString DemoDataNote();
 
+    // Recovery copies: kept every few minutes while there are unsaved changes, on a failed
+    // save at closing, and by OnUnexpectedError; offered again at the next start.
+    void SetRecovery(RecoveryStore* store) { flow_.SetRecovery(store); }
+    // The last-resort handler's report: the page kept as a recovery copy, the user told.
+    void OnUnexpectedError(const std::string& description);
+    // Runs a command of the window under the editor's safety net (RunCommand); after a
+    // failure the controls follow the page as it was before.
+    void Guard(const QString& what, const std::function<void()>& command);
+    static constexpr int kRecoveryIntervalMs = 2 * 60 * 1000;
+
   protected:
     bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -73,6 +85,8 @@ class PageForm : public QMainWindow, private DocumentHost {
                        std::function<void()> handler);
     void FinishPendingReset();
     void UpdateMenuState();
+    void FillSizeList();
+    void FollowRestoredPage();
 
     // Events of the controls.
     void SizeRowClicked(int row);
@@ -101,6 +115,7 @@ class PageForm : public QMainWindow, private DocumentHost {
     EditorDialogs& dialogs_;
     UndoManager undo_;
     DocumentFlow flow_;
+    QTimer recoveryTimer_;
     bool objectClickUpdate_ = true;
     bool shown_ = false;
 

@@ -10,6 +10,7 @@
 #include "editor/CommandLine.h"
 #include "editor/EditorState.h"
 #include "editor/QtText.h"
+#include "editor/RecoveryStore.h"
 #include "model/PageObjectClasses.h"
 #include "model/ScreenTwips.h"
 #include "persist/DefinitionReaders.h"
@@ -17,6 +18,7 @@
 #include "persist/FileIO_OClass.h"
 #include "persist/Folders.h"
 #include "ui/EditorDialogs.h"
+#include "ui/GuardedApplication.h"
 #include "ui/PageForm.h"
 #include "ui/QtMessages.h"
 
@@ -35,7 +37,7 @@ QString InstanceLockPath() {
     return folder + "/paginox.lock";
 }
 
-int RunEditor(QApplication& app) {
+int RunEditor(GuardedApplication& app) {
     QApplication::setApplicationName(kProgramTitle);
     QtMessages messages;
     ScopedMessageService useMessages(messages);
@@ -62,13 +64,20 @@ int RunEditor(QApplication& app) {
     // 6 and 7. The selection marks live in the state; the window loads on the command line.
     QtDialogs dialogs;
     PageForm form(state, dialogs);
+    RecoveryStore recovery(AppFolders().Path(kRecoveryFolder));
+    form.SetRecovery(&recovery);
+    app.OnEscapedError = [&form](const std::string& description) {
+        form.OnUnexpectedError(description);
+    };
     QStringList args = QCoreApplication::arguments();
     args.removeFirst();
     std::vector<std::string> words;
     for (const QString& a : args) words.push_back(ToPath(a));
     form.Load(JoinArguments(words));
     form.show();
-    return app.exec();
+    int status = app.exec();
+    app.OnEscapedError = nullptr;
+    return status;
 }
 
 }  // namespace paginox

@@ -5,9 +5,9 @@
 
 #include <QString>
 
-class QApplication;
-
 namespace paginox {
+
+class GuardedApplication;
 
 // Asks whether to start another copy while one is running; true to go on.
 bool ConfirmSecondCopy();
@@ -16,6 +16,6 @@ bool ConfirmSecondCopy();
 QString InstanceLockPath();
 
 // Runs the editor until its window closes; the exit status.
-int RunEditor(QApplication& app);
+int RunEditor(GuardedApplication& app);
 
 }  // namespace paginox
