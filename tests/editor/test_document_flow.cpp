@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <filesystem>
 #include <optional>
 
+#include "core/RuntimeError.h"
+#include "editor/CommandGuard.h"
 #include "editor/DocumentFlow.h"
 #include "editor/EditorFixture.h"
+#include "editor/RecoveryStore.h"
 #include "persist/FileIO_Page.h"
 #include "support/RecordingMessages.h"
 #include "support/TempDir.h"
@@ -153,6 +157,96 @@ TEST_F(DocumentFlowTest, NewOpenAndClose) {
     flow.Closing();
     EXPECT_EQ(messages.shown.size(), before + 1);
     EXPECT_FALSE(test::ReadAll(dir / "Nothing.pag").size() > 0);
+}
+
+}  // namespace
+}  // namespace paginox
+
+namespace paginox {
+namespace {
+
+struct RecoveryTest : DocumentFlowTest {
+    RecoveryStore store{dir / "Recovery/"};
+    RecoveryTest() { flow.SetRecovery(&store); }
+    static std::vector<std::string> Names(const std::vector<std::string>& paths) {
+        std::vector<std::string> names;
+        for (const auto& p : paths) names.push_back(std::filesystem::path(p).filename());
+        return names;
+    }
+};
+
+TEST_F(RecoveryTest, CopiesFollowUnsavedChangesAndGoOnSave) {
+    flow.KeepRecoveryCopy();  // nothing changed: nothing kept
+    EXPECT_TRUE(store.CopyPath().empty());
+    Change();
+    flow.KeepRecoveryCopy();
+    std::string copy = store.CopyPath();
+    ASSERT_TRUE(std::filesystem::exists(copy));
+    EXPECT_EQ(copy.rfind(dir / "Recovery/New Page ~", 0), 0u);
+    auto kept = ReadPage(copy, -1, false);
+    ASSERT_TRUE(kept);
+    EXPECT_TRUE(kept->IsEqual(fx.state.Page.get()));
+
+    fx.state.CurrentFile = dir / "saved.pag";
+    ASSERT_TRUE(flow.Save());
+    EXPECT_FALSE(std::filesystem::exists(copy));
+    EXPECT_TRUE(store.CopyPath().empty());
+}
+
+TEST_F(RecoveryTest, ClosingKeepsWhatASaveCouldNotWriteAndDropsWhatTheUserGaveUp) {
+    Change();
+    fx.state.CurrentFile = dir / "no/such/folder/page.pag";
+    messages.Script({MsgAnswer::Yes});  // the save fails
+    flow.Closing();
+    ASSERT_EQ(messages.shown.size(), 3u);
+    EXPECT_EQ(messages.shown[1].title, "Save Error");
+    EXPECT_EQ(messages.shown[2].title, "Changes Kept");
+    EXPECT_EQ(messages.shown[2].text, "Your unsaved changes have been kept in " + store.CopyPath() +
+                                          "\r\n\r\nPaginox offers to open them the next time "
+                                          "it starts.");
+    EXPECT_TRUE(std::filesystem::exists(store.CopyPath()));
+
+    std::string copy = store.CopyPath();
+    messages.Script({MsgAnswer::No});
+    flow.Closing();
+    EXPECT_FALSE(std::filesystem::exists(copy));
+}
+
+TEST_F(RecoveryTest, LeftoversOfEndedRunsAreOfferedUntilOneIsOpened) {
+    std::filesystem::create_directories(dir / "Recovery");
+    // pid 0 and names without a pid are not ours; a pid no process has is an ended run.
+    for (const char* name : {"A ~99999999-1.pag", "B ~99999998-1.pag", "notes.pag", "C.txt"}) {
+        WritePageFile(dir / (std::string("Recovery/") + name), *fx.state.Page);
+    }
+    EXPECT_EQ(Names(store.Leftovers()).size(), 2u);
+
+    messages.Script({MsgAnswer::No, MsgAnswer::Yes});
+    flow.OfferRecoveredPages();
+    ASSERT_EQ(messages.shown.size(), 2u);
+    EXPECT_EQ(messages.shown[0].title, "Recovered Page");
+    EXPECT_EQ(messages.shown[0].text.rfind("Open recovered page ", 0), 0u);
+    EXPECT_TRUE(fx.state.CurrentFile.empty());
+    EXPECT_TRUE(fx.state.PageChanged);  // closing will ask where to keep it
+    EXPECT_FALSE(store.CopyPath().empty());
+    EXPECT_EQ(Names(store.Leftovers()).size(), 1u);  // the declined one stays
+}
+
+TEST_F(DocumentFlowTest, AFailedCommandPutsThePageBackAndSaysWhat) {
+    fx.state.SelectedObject = 2;
+    bool done = RunCommand(fx.state, "Delete Object", [&] {
+        fx.state.CurrentFormat->DeleteObject(2);
+        fx.state.SelectedObject = 0;
+        throw RuntimeError(kOverflow);
+    });
+    EXPECT_FALSE(done);
+    EXPECT_EQ(fx.state.CurrentFormat->NumObjects(), 3);
+    EXPECT_EQ(fx.state.SelectedObject, 2);
+    EXPECT_FALSE(fx.state.UpdatePageChanged());
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].text,
+              "Delete Object could not be completed.\r\n\r\nOverflow\r\n\r\nThe page is as it "
+              "was before.");
+    EXPECT_TRUE(RunCommand(fx.state, "Nothing", [] {}));
 }
 
 }  // namespace
