@@ -177,6 +177,12 @@ std::vector<DrawProblem> DrawFormat(DrawingSurface& surface, const RectClass* su
     RectClass page;
     RectClass margin;
     try {
+        // Frames are measured against the format's pixels: without any, nothing can be sized.
+        if (format.XPixels() < 1 || format.YPixels() < 1) {
+            throw RuntimeError(kDivisionByZero, "it is " + std::to_string(format.XPixels()) +
+                                                    " x " + std::to_string(format.YPixels()) +
+                                                    " pixels");
+        }
         page = PageRect(area, format, interactive);
         margin = MarginRect(page, format);
     } catch (const RuntimeError& e) {

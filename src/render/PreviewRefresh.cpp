@@ -31,21 +31,14 @@ std::string PreviewNote(const std::vector<DrawProblem>& problems) {
     size_t unplaced = 0;
     size_t unknown = 0;
     for (const DrawProblem& p : problems) {
-        if (p.Object == 0) {
-            return "This page size cannot be drawn (" + p.Description +
-                   "): correct its values or choose another size.";
-        }
+        if (p.Object == 0) return "This page size cannot be drawn (" + p.Description + ").";
         ++(p.Drawn ? unknown : unplaced);
     }
     std::string note;
-    if (unplaced > 0) {
-        note = count(unplaced) + " cannot be placed and " + (unplaced == 1 ? "is" : "are") +
-               " not shown: correct Anchor and Size in the property list.";
-    }
+    if (unplaced > 0) note = count(unplaced) + " cannot be placed: correct Anchor and Size.";
     if (unknown > 0) {
         if (!note.empty()) note += " ";
-        note += count(unknown) + " of a class the catalogue does not hold " +
-                (unknown == 1 ? "is" : "are") + " shown as a plain box.";
+        note += count(unknown) + " of an unknown class shown as plain boxes.";
     }
     return note;
 }

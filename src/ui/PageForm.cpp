@@ -150,9 +150,10 @@ void PageForm::BuildControls() {
     drawNote_ = new QLabel(this);
     drawNote_->setObjectName("lblDrawNote");
     drawNote_->setVisible(false);
-    statusBar()->addPermanentWidget(drawNote_);
+    statusBar()->addPermanentWidget(drawNote_, 1);
     connect(preview_, &PreviewWidget::drawNoteChanged, this, [this](const QString& note) {
         drawNote_->setText(note);
+        drawNote_->setToolTip(note);
         drawNote_->setVisible(!note.isEmpty());
     });
 
@@ -281,7 +282,7 @@ void PageForm::Load(const std::string& commandLine) {
     if (state_.UsingDemoData) {
         auto* note = new QLabel(DemoDataNote(), this);
         note->setObjectName("lblDemoData");
-        statusBar()->addPermanentWidget(note, 1);
+        statusBar()->addPermanentWidget(note);
     }
     bool opened = false;
     if (FileExists(state_.CurrentFile)) {

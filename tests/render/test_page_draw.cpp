@@ -302,23 +302,22 @@ TEST(PageDraw, AFormatThatCannotBePlacedIsLeftEmpty) {
     EXPECT_THAT(s.calls, ::testing::IsEmpty());
     EXPECT_THAT(rects.Unplaced, ElementsAre(1));
 
-    // A format of no pixels cannot size any frame: its objects are left out, one by one.
+    // A format of no pixels cannot size any frame.
     format.SetMargin(1, 1, 0.0f);
     format.SetXPixels(0);
     problems = DrawFormat(s, nullptr, 1, format, true, true, true, &rects);
     ASSERT_EQ(problems.size(), 1u);
-    EXPECT_EQ(problems[0].Object, 1);
-    EXPECT_EQ(problems[0].Description, "not drawn: Division by zero");
+    EXPECT_EQ(problems[0].Object, 0);
+    EXPECT_EQ(problems[0].Description, "it is 0 x 600 pixels");
 }
 
 TEST(PageDraw, PreviewNoteSaysWhatIsMissing) {
     const std::vector<std::pair<std::vector<DrawProblem>, std::string>> cases = {
         {{}, ""},
-        {{{0, "Overflow", false}},
-         "This page size cannot be drawn (Overflow): correct its values or choose another size."},
+        {{{0, "Overflow", false}}, "This page size cannot be drawn (Overflow)."},
         {{{2, "x", false}, {3, "x", false}, {4, "x", true}},
-         "2 objects cannot be placed and are not shown: correct Anchor and Size in the property "
-         "list. 1 object of a class the catalogue does not hold is shown as a plain box."},
+         "2 objects cannot be placed: correct Anchor and Size. 1 object of an unknown class "
+         "shown as plain boxes."},
     };
     for (const auto& [problems, note] : cases) EXPECT_EQ(PreviewNote(problems), note);
 }

@@ -51,9 +51,8 @@ TEST(DamagedPages, OpenListAndRepairInsteadOfEndingTheProgram) {
     test::SettleEvents();
     EXPECT_TRUE(fx.messages.shown.empty());
     EXPECT_EQ(Note(fx),
-              "1 object cannot be placed and is not shown: correct Anchor and Size in the "
-              "property list. 1 object of a class the catalogue does not hold is shown as a "
-              "plain box.");
+              "1 object cannot be placed: correct Anchor and Size. 1 object of an unknown class "
+              "shown as plain boxes.");
     // The unknown object is drawn and can be grabbed; the unplaced one cannot.
     EXPECT_EQ(fx.Class(1).FullName(), "Unknown class 999");
     QTest::mouseClick(fx.Preview(), Qt::LeftButton, {}, fx.Inside(1));
@@ -64,7 +63,7 @@ TEST(DamagedPages, OpenListAndRepairInsteadOfEndingTheProgram) {
     fx.form->SizeList()->setCurrentRow(1);
     test::SettleEvents();
     EXPECT_EQ(fx.state.CurrentFormatIndex, 2);
-    EXPECT_TRUE(Note(fx).contains("cannot be placed"));
+    EXPECT_EQ(Note(fx).toStdString(), "This page size cannot be drawn (it is 0 x 749 pixels).");
     EXPECT_TRUE(fx.messages.shown.empty());
 }
 
