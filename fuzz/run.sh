@@ -8,7 +8,7 @@ build=${1:-build-fuzz}
 seconds=${2:-30}
 jobs=${3:-1}
 sample=${4:-build/sample}
-targets=(page object_classes column_lists rulerships number_lists settings)
+targets=(page draw object_classes column_lists rulerships number_lists settings)
 
 seed() {
     local target=$1
@@ -20,6 +20,13 @@ seed() {
 }
 seed page "$sample/User Files/Pages/"*.pag
 seed object_classes "$sample/System/objects.dfn"
+# The drawing target's input: a count of class records, the records, then the page.
+mkdir -p "$build/corpus/draw"
+for f in "$sample/User Files/Pages/"*.pag; do
+    [ -f "$f" ] || continue
+    { printf '\007'; head -c $((7 * 219)) "$sample/System/objects.dfn"; cat "$f"; } \
+        > "$build/corpus/draw/$(basename "$f" .pag).in"
+done
 seed column_lists "$sample/System/plist.dfn" "$sample/System/Alist.dfn"
 seed rulerships "$sample/System/rulers2.fil"
 seed number_lists "$sample/System/"{astr,part,star,ring}list.dfn

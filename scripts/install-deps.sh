@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages Paginox needs to build, test and run. Does nothing when all are
 # present; uses sudo only when not root. "install-deps.sh fuzz" installs what the fuzz targets
-# need instead (clang and its libFuzzer runtime).
+# need instead (clang and its libFuzzer runtime, and Qt for the drawing target).
 set -euo pipefail
 
 packages=(
@@ -11,7 +11,7 @@ packages=(
   xvfb xauth
 )
 if [ "${1:-}" = fuzz ]; then
-  packages=(cmake ninja-build clang libclang-rt-14-dev)
+  packages=(cmake ninja-build clang libclang-rt-14-dev qt6-base-dev)
 fi
 
 missing=()
