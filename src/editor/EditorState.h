@@ -46,6 +46,9 @@ class EditorState {
     PreviewRects Rects;
     // The handles of the selected object on the preview.
     SelectionMarkSet SelectionMarks;
+    // Whether those handles are drawn on the preview now: only handles the user can see
+    // answer the mouse (a refresh leaves the last object's marks undrawn but in place).
+    bool MarksShown = false;
 
     // Makes format index of Page the current one (no validation, no selection change).
     void SetCurrentFormat(int16_t index);

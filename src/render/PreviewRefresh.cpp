@@ -8,22 +8,23 @@
 
 namespace paginox {
 
-std::vector<DrawProblem> RefreshPreview(DrawingSurface& surface, int16_t pageNumCharts,
-                                        const PageFormat* format, bool labels,
-                                        int16_t selectedObject, PreviewRects& rects,
-                                        SelectionMarkSet& marks) {
+PreviewDrawing RefreshPreview(DrawingSurface& surface, int16_t pageNumCharts,
+                              const PageFormat* format, bool labels, int16_t selectedObject,
+                              PreviewRects& rects, SelectionMarkSet& marks) {
     if (!format) return {};
     surface.SetBackColor(kPreviewBackColour);
     surface.Clear();
-    std::vector<DrawProblem> problems =
+    PreviewDrawing drawing;
+    drawing.Problems =
         DrawFormat(surface, nullptr, pageNumCharts, *format, labels, true, true, &rects);
     // Strict at the top on purpose: the last object of a format shows no marks here.
     if (selectedObject > 0 && selectedObject < format->NumObjects() &&
         rects.IsPlaced(selectedObject)) {
         marks.PlaceFor(rects.Object(selectedObject), format->POClass(selectedObject).Shape());
         marks.Draw(surface);
+        drawing.MarksDrawn = true;
     }
-    return problems;
+    return drawing;
 }
 
 std::string PreviewNote(const std::vector<DrawProblem>& problems) {

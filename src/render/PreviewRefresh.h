@@ -21,11 +21,14 @@ inline constexpr int32_t kPreviewBackColour = Rgb(192, 192, 192);
 // the format interactively, leaving its rectangles in rects. The marks of selectedObject are
 // placed and drawn only when 0 < selectedObject < NumObjects: the last object of a format
 // gets no marks from a refresh, and the marks are left as they were. An object drawn nowhere
-// gets no marks either. Returns what could not be drawn (DrawFormat).
-std::vector<DrawProblem> RefreshPreview(DrawingSurface& surface, int16_t pageNumCharts,
-                                        const PageFormat* format, bool labels,
-                                        int16_t selectedObject, PreviewRects& rects,
-                                        SelectionMarkSet& marks);
+// gets no marks either.
+struct PreviewDrawing {
+    std::vector<DrawProblem> Problems;  // what could not be drawn (DrawFormat)
+    bool MarksDrawn = false;
+};
+PreviewDrawing RefreshPreview(DrawingSurface& surface, int16_t pageNumCharts,
+                              const PageFormat* format, bool labels, int16_t selectedObject,
+                              PreviewRects& rects, SelectionMarkSet& marks);
 
 // One line for the status bar about what a drawing could not show; empty when all was drawn.
 std::string PreviewNote(const std::vector<DrawProblem>& problems);

@@ -53,12 +53,15 @@ void PreviewWidget::Redraw() {
     pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(QColor(192, 192, 192));
     std::string note;
+    bool marksShown = false;
     if (state_.Page && state_.CurrentFormat) {
         try {
             QtSurface surface(pixmap);
-            note = PreviewNote(
+            PreviewDrawing drawing =
                 RefreshPreview(surface, state_.Page->NumCharts(), state_.CurrentFormat.get(), true,
-                               state_.SelectedObject, state_.Rects, state_.SelectionMarks));
+                               state_.SelectedObject, state_.Rects, state_.SelectionMarks);
+            note = PreviewNote(drawing.Problems);
+            marksShown = drawing.MarksDrawn;
         } catch (const std::exception& e) {
             // Whatever else goes wrong, the preview stays empty and says why.
             pixmap.fill(QColor(192, 192, 192));
@@ -67,6 +70,8 @@ void PreviewWidget::Redraw() {
         }
     }
     page_ = pixmap;
+    state_.MarksShown = marksShown;
+    if (!marksShown && !mouseIsDown_) dragMode_ = kDragNone;
     if (FromAnsi(note) != drawNote_) {
         drawNote_ = FromAnsi(note);
         emit drawNoteChanged(drawNote_);
@@ -86,6 +91,7 @@ void PreviewWidget::DrawMarksDirectly() {
     QtSurface surface(page_);
     surface.SetForeColor(kMarkColour);
     state_.SelectionMarks.Draw(surface);
+    state_.MarksShown = true;
     update();
 }
 
@@ -164,7 +170,7 @@ void PreviewWidget::mouseMoveEvent(QMouseEvent* event) {
     float x = static_cast<float>(event->position().x());
     float y = static_cast<float>(event->position().y());
     if (event->buttons() == Qt::NoButton) {
-        int16_t mark = MarkAt(state_.SelectionMarks, x, y);
+        int16_t mark = state_.MarksShown ? MarkAt(state_.SelectionMarks, x, y) : kDragNone;
         dragMode_ = mark;
         SetPointer(mark >= 2 ? PointerFor(mark) : int16_t(kPointerDefault));
         return;
