@@ -3,6 +3,8 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <locale>
+#include <stdexcept>
 
 namespace paginox {
 
@@ -65,6 +67,15 @@ std::string FormatHashDotHash(float v, char separator) {
     whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
     frac.erase(frac.find_last_not_of('0') + 1);
     return (d < 0 ? "-" : "") + whole + separator + frac;
+}
+
+char UserDecimalSeparator() {
+    try {
+        // The environment's locale, whatever the program set as its own C locale.
+        return std::use_facet<std::numpunct<char>>(std::locale("")).decimal_point();
+    } catch (const std::runtime_error&) {
+        return '.';  // a locale named in the environment that is not installed
+    }
 }
 
 std::string ShortestDecimal(float v) {
