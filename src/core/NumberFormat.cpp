@@ -3,10 +3,14 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <locale>
+#include <stdexcept>
 
 namespace paginox {
 
-std::string FormatZero(long long v) { return std::to_string(v); }
+std::string FormatZero(long long v) {
+    return std::to_string(v);
+}
 
 namespace {
 
@@ -20,6 +24,17 @@ std::string IncrementDigits(std::string digits) {
         digits[i] = '0';
     }
     return "1" + digits;
+}
+
+// The digits that carry the value: neither leading zeros nor the zeros that only pad a whole
+// number out to its units.
+size_t SignificantDigits(const std::string& text) {
+    std::string digits;
+    for (char c : text.substr(0, text.find('e'))) {
+        if (c >= '0' && c <= '9') digits += c;
+    }
+    size_t first = digits.find_first_not_of('0');
+    return first == std::string::npos ? 1 : digits.find_last_not_of('0') + 1 - first;
 }
 
 }  // namespace
@@ -54,10 +69,23 @@ std::string FormatHashDotHash(float v, char separator) {
     return (d < 0 ? "-" : "") + whole + separator + frac;
 }
 
+char UserDecimalSeparator() {
+    try {
+        // The environment's locale, whatever the program set as its own C locale.
+        return std::use_facet<std::numpunct<char>>(std::locale("")).decimal_point();
+    } catch (const std::runtime_error&) {
+        return '.';  // a locale named in the environment that is not installed
+    }
+}
+
 std::string ShortestDecimal(float v) {
     char buf[64];
-    auto res = std::to_chars(buf, buf + sizeof buf, v);
-    return std::string(buf, res.ptr);
+    std::string plain(buf, std::to_chars(buf, buf + sizeof buf, v).ptr);
+    std::string scientific(
+        buf, std::to_chars(buf, buf + sizeof buf, v, std::chars_format::scientific).ptr);
+    // The plain form has the fewest characters, but it spells a large whole single out to its
+    // exact value (131984208), more digits than the single holds (1.3198421e+08).
+    return SignificantDigits(plain) > SignificantDigits(scientific) ? scientific : plain;
 }
 
 }  // namespace paginox

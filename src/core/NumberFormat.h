@@ -14,6 +14,10 @@ std::string FormatZero(long long v);
 // digits, then rounded half away from zero, as the host's Format does.
 std::string FormatHashDotHash(float v, char separator = '.');
 
+// The decimal separator of the user's locale, as the environment sets it for every program
+// of the session (the host reads our numbers on the same machine); "." when there is none.
+char UserDecimalSeparator();
+
 // The shortest decimal that reads back as the same single (for JSON and messages).
 std::string ShortestDecimal(float v);
 

@@ -133,10 +133,8 @@ std::shared_ptr<PageObject> PageObjectClass::CreateInstance(const PageFormat* fo
         obj->SetLength(1, size.Width);
         obj->SetLength(2, size.Height);
     }
-    for (int16_t k = 1; k <= 2; ++k) {
-        // A circle's origin is put at the middle, not centred like the other shapes.
-        obj->SetOrigin(k, shape_ == kShapeCircle ? 0.5f : (1 - obj->Length(k)) * 0.5f);
-    }
+    // Centred on the page, a wheel too: Origin is every shape's top-left corner.
+    for (int16_t k = 1; k <= 2; ++k) obj->SetOrigin(k, (1 - obj->Length(k)) * 0.5f);
     return obj;
 }
 

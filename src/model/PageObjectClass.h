@@ -80,7 +80,8 @@ class PageObjectClass {
     // Some bit of mask is set, judged as a signed number: bit 31 alone does not count.
     bool ContainsAnyOCUFlag(int32_t mask) const { return (ocuFlags_ & mask) > 0; }
 
-    // A new object of this class with its defaults, sized for format when one is given.
+    // A new object of this class with its defaults, sized for format when one is given and
+    // centred on the page.
     std::shared_ptr<PageObject> CreateInstance(const PageFormat* format) const;
     int16_t DefaultBlockLines() const;
     // The list objects whose columns the user chooses.

@@ -198,19 +198,21 @@ std::shared_ptr<PageClass> ReadOpenPage(BinaryFile& file, int16_t formatIndex) {
         bool selected = formatIndex < 0 || formatIndex == page->NumFormats();
         Read<PageFormat>(record, kFormatFields, *format);
 
-        // A damaged count must not make room for objects the file cannot hold.
         uint64_t objectsEnd =
             start + kFormatRecordLength + uint64_t(std::max<int16_t>(numObjects, 0)) * objectLength;
-        if (objectsEnd > length) Raise(kInputPastEndOfFile);
+        // A damaged count must not make room for objects the file cannot hold.
+        if (selected && objectsEnd > length) Raise(kInputPastEndOfFile);
         format->SetNumObjects(numObjects, selected);
+        const uint64_t objectsStart = position;
+        position = objectsEnd;
         if (!selected) {
-            file.Seek(objectsEnd);
-            position = objectsEnd;
+            // Skipped past the end, the loop's condition ends the reading: the page keeps
+            // this format's frame, without objects.
+            if (objectsEnd < length) file.Seek(objectsEnd);
             continue;
         }
         // The format's objects in one read, checked above to lie inside the file.
-        const std::string objects = file.Read(size_t(objectsEnd - position));
-        position = objectsEnd;
+        const std::string objects = file.Read(size_t(objectsEnd - objectsStart));
         for (int16_t i = 1; i <= numObjects; ++i) {
             std::string_view bytes(objects.data() + size_t(i - 1) * objectLength, objectLength);
             format->SetObject(i, ReadObject(bytes, version));

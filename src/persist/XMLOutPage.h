@@ -16,6 +16,9 @@ class PageObject;
 
 class XMLOutPage {
   public:
+    // Singles are written with the user's decimal separator unless another is given.
+    explicit XMLOutPage(char decimalSeparator = UserDecimalSeparator()) : xml_(decimalSeparator) {}
+
     // Writes the whole tree to fileName, which is created or overwritten. False after a
     // message: "File Write Error" when the file cannot be opened or written, "Diagnostic" when
     // the tree was left open. The path is native (UTF-8).

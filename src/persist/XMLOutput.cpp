@@ -56,15 +56,15 @@ void XMLOutput::WriteNumber(const std::string& name, int16_t value, const std::s
 }
 
 void XMLOutput::WriteSingle(const std::string& name, float value, const std::string& pattern) {
-    WriteString(name, FormatWithPattern(value, pattern), false);
+    WriteString(name, FormatWithPattern(value, pattern, decimalSeparator_), false);
 }
 
 void XMLOutput::WriteBoolean(const std::string& name, bool value) {
     WriteString(name, value ? "True" : "False", false);
 }
 
-std::string FormatWithPattern(double value, const std::string& pattern) {
-    if (pattern == "#.##") return FormatHashDotHash(static_cast<float>(value));
+std::string FormatWithPattern(double value, const std::string& pattern, char decimalSeparator) {
+    if (pattern == "#.##") return FormatHashDotHash(static_cast<float>(value), decimalSeparator);
     // "0": whole number, halves to even like every conversion to an integer.
     return FormatZero(static_cast<long long>(RoundHalfEven(value)));
 }

@@ -9,12 +9,17 @@
 #include <string>
 #include <vector>
 
+#include "core/NumberFormat.h"
 #include "persist/BinaryFile.h"
 
 namespace paginox {
 
 class XMLOutput {
-public:
+  public:
+    // Singles are written with the given decimal separator.
+    explicit XMLOutput(char decimalSeparator = UserDecimalSeparator())
+        : decimalSeparator_(decimalSeparator) {}
+
     // Opens (creates or truncates) the file; false when it cannot be opened.
     bool OpenXML(const std::string& fileName);
     // Closes the file; true only when every element opened was also closed.
@@ -30,15 +35,17 @@ public:
     int16_t Depth() const { return depth_; }
     size_t StackUpperBound() const { return stack_.size() - 1; }
 
-private:
+  private:
     void WriteLine(const std::string& text);
 
+    char decimalSeparator_;
     std::unique_ptr<BinaryFile> file_;
     int16_t depth_ = 0;
     std::vector<std::string> stack_ = std::vector<std::string>(21);  // 1-based, bound 20
 };
 
 // Text of a number in the classic "0" or "#.##" pattern.
-std::string FormatWithPattern(double value, const std::string& pattern);
+std::string FormatWithPattern(double value, const std::string& pattern,
+                              char decimalSeparator = '.');
 
 }  // namespace paginox

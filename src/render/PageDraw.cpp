@@ -24,6 +24,28 @@ constexpr double kShadowShare = 0.02;      // of the surface's width the shadow 
 // but starts just inside the inner outline, where the triangle is widest at that height.
 constexpr int32_t kTriangleNameInset = 2;
 
+constexpr char kEllipsis[] = "\x85";  // in Windows-1252, like every model text
+
+// The text, or when it is wider than width the longest start of it that fits with an
+// ellipsis after it; nothing when not even the ellipsis fits.
+std::string ElidedToWidth(DrawingSurface& surface, const std::string& text, float width) {
+    if (surface.TextWidth(text) <= width) return text;
+    auto fits = [&](size_t n) { return surface.TextWidth(text.substr(0, n) + kEllipsis) <= width; };
+    if (!fits(0)) return std::string();
+    size_t lo = 0, hi = text.size();  // a start of lo characters fits, one of hi does not
+    while (hi - lo > 1) {
+        size_t mid = (lo + hi) / 2;
+        if (fits(mid)) {
+            lo = mid;
+        } else {
+            hi = mid;
+        }
+    }
+    std::string start = text.substr(0, lo);
+    start.erase(start.find_last_not_of(' ') + 1);
+    return start + kEllipsis;
+}
+
 int32_t FloorHalf(int32_t v) {
     return v >> 1;  // halves rounded down, also for negative extents
 }
@@ -108,8 +130,9 @@ void DrawPlacedObject(DrawingSurface& surface, int16_t pageNumCharts, const Page
     if (!labels) return;
     // Below the object's name, centred on where the name left the text position; an object
     // without a chart label still takes its (empty) line.
-    std::string label =
-        pageNumCharts >= 2 && obj.NumCharts() >= 1 ? ChartLabel(obj) : std::string();
+    std::string label = pageNumCharts >= 2 && obj.NumCharts() >= 1
+                            ? ElidedToWidth(surface, ChartLabel(obj), float(r.Width()))
+                            : std::string();
     surface.SetCurrentX(surface.CurrentX() - surface.TextWidth(label) / 2);
     surface.Print(label);
 }
@@ -275,12 +298,15 @@ void DrawObject(DrawingSurface& surface, int16_t pageNumCharts, const PageObject
     if (!labels) return;
 
     surface.SetForeColor(kLabelColour);
-    const std::string& name = cls.FullName();
-    float height = surface.TextHeight(name);
+    // A name never runs off its object: cut to the room inside the rectangle.
+    std::string name;
+    float height = surface.TextHeight(cls.FullName());
     if (cls.Shape() == kShapeTriangle) {
-        surface.SetCurrentX(
-            static_cast<float>(CheckedAdd(CheckedAdd(r.Left(), f), kTriangleNameInset)));
+        int32_t x = CheckedAdd(CheckedAdd(r.Left(), f), kTriangleNameInset);
+        name = ElidedToWidth(surface, cls.FullName(), float(r.Left()) + r.Width() - x);
+        surface.SetCurrentX(static_cast<float>(x));
     } else {
+        name = ElidedToWidth(surface, cls.FullName(), float(r.Width()));
         surface.SetCurrentX(cx - surface.TextWidth(name) / 2);
     }
     // Raised on pages of several charts, so that the chart label fits on the next line.

@@ -1,47 +1,45 @@
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <ostream>
 
-#include "core/AnsiText.h"
 #include "model/PageObjectClasses.h"
-#include "tool/JsonValues.h"
+#include "tool/JsonWriter.h"
 #include "tool/Tool.h"
 #include "tool/ToolCommands.h"
 
 namespace paginox {
 
 namespace {
-QJsonObject ClassJson(const PageObjectClass& c) {
-    QJsonObject o;
-    o["ClassID"] = c.ClassID();
-    o["ObjectType"] = c.ObjectType();
-    o["Abbreviation"] = JsonText(c.Abbreviation());
-    o["FullName"] = JsonText(c.FullName());
-    o["Description"] = JsonText(c.Description());
-    o["Group"] = JsonText(c.Group());
-    o["Order"] = c.Order();
-    o["Shape"] = c.Shape();
-    o["DefaultFixedLines"] = c.DefaultFixedLines();
-    o["DefaultTextLines"] = c.DefaultTextLines();
-    o["DefaultHorizontalBlocks"] = c.DefaultHorizontalBlocks();
-    o["DefaultYRatio"] = JsonSingle(c.DefaultYRatio());
-    o["NumCharts"] = c.NumCharts();
-    o["DefaultFrameType"] = c.DefaultFrameType();
-    o["OCUFlags"] = c.OCUFlags();
-    return o;
+void WriteClass(JsonWriter& w, const PageObjectClass& c) {
+    w.BeginObject();
+    w.Key("ClassID").Int(c.ClassID());
+    w.Key("ObjectType").Int(c.ObjectType());
+    w.Key("Abbreviation").Ansi(c.Abbreviation());
+    w.Key("FullName").Ansi(c.FullName());
+    w.Key("Description").Ansi(c.Description());
+    w.Key("Group").Ansi(c.Group());
+    w.Key("Order").Int(c.Order());
+    w.Key("Shape").Int(c.Shape());
+    w.Key("DefaultFixedLines").Int(c.DefaultFixedLines());
+    w.Key("DefaultTextLines").Int(c.DefaultTextLines());
+    w.Key("DefaultHorizontalBlocks").Int(c.DefaultHorizontalBlocks());
+    w.Key("DefaultYRatio").Single(c.DefaultYRatio());
+    w.Key("NumCharts").Int(c.NumCharts());
+    w.Key("DefaultFrameType").Int(c.DefaultFrameType());
+    w.Key("OCUFlags").Int(c.OCUFlags());
+    w.EndObject();
 }
 }  // namespace
 
 int CommandClasses(const ToolOptions& options, std::ostream& out) {
     if (!options.args.empty()) throw UsageError{"classes takes no arguments"};
     LoadToolDefinitions(options);
-    QJsonArray all;
+    JsonWriter w;
+    w.BeginArray();
     const PageObjectClasses& classes = ObjectClasses();
     for (int16_t i = 1; i <= classes.Count(); ++i) {
-        if (auto c = classes.Class(i)) all.append(ClassJson(*c));
+        if (auto c = classes.Class(i)) WriteClass(w, *c);
     }
-    out << QJsonDocument(all).toJson(QJsonDocument::Indented).toStdString();
+    w.EndArray();
+    out << w.Text();
     return kExitOk;
 }
 

@@ -1,97 +1,93 @@
 // dump: a page as it was read, as one JSON object.
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <charconv>
-#include <cmath>
 #include <ostream>
 
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
 #include "model/PageObject.h"
-#include "tool/JsonValues.h"
+#include "tool/JsonWriter.h"
 #include "tool/Tool.h"
 #include "tool/ToolCommands.h"
 
 namespace paginox {
 
 namespace {
-// JSON has no NaN or infinity, which a damaged file can hold: those become null.
-QJsonValue Single(float v) {
-    return std::isfinite(v) ? JsonSingle(v) : QJsonValue();
+// Writes values 1..count of a 1-based member as a JSON array.
+template <typename WriteOne>
+void Array(JsonWriter& w, const std::string& key, int count, WriteOne writeOne) {
+    w.Key(key).BeginArray();
+    for (int16_t i = 1; i <= count; ++i) writeOne(i);
+    w.EndArray();
 }
 
-template <typename Get>
-QJsonArray Array(int count, Get get) {
-    QJsonArray a;
-    for (int16_t i = 1; i <= count; ++i) a.append(get(i));
-    return a;
+void WriteObject(JsonWriter& w, const PageObject& o) {
+    w.BeginObject();
+    w.Key("ObjectClassID").Int(o.ObjectClassID());
+    w.Key("NumCharts").Int(o.NumCharts());
+    Array(w, "Origin", 2, [&](int16_t k) { w.Single(o.Origin(k)); });
+    Array(w, "Length", 2, [&](int16_t k) { w.Single(o.Length(k)); });
+    w.Key("TextJustify").Int(o.TextJustify());
+    w.Key("TextBottomUp").Int(o.TextBottomUp());
+    w.Key("TextLines").Int(o.TextLines());
+    w.Key("HorzBlocks").Int(o.HorzBlocks());
+    w.Key("YRatio").Single(o.YRatio());
+    w.Key("FrameType").Int(o.FrameType());
+    Array(w, "PL_Columns", PageObject::kMaxColumns, [&](int16_t k) { w.Int(o.PL_Columns(k)); });
+    w.Key("Rulerships").Int(o.Rulerships());
+    w.Key("Modulus").Single(o.Modulus());
+    w.Key("Orb").Single(o.Orb());
+    w.Key("FontSize").Single(o.FontSize());
+    w.Key("Weighted").Bool(o.Weighted());
+    w.Key("TitleOn").Bool(o.TitleOn());
+    w.Key("UserCaption").Ansi(o.UserCaption());
+    w.Key("AnchorBottom").Bool(o.AnchorBottom());
+    w.Key("Zodiac").Int(o.Zodiac());
+    w.Key("ForceLineColor").Int(o.ForceLineColor());
+    w.Key("WheelFile").Ansi(o.WheelFile());
+    w.Key("GenericFile").Ansi(o.GenericFile());
+    w.Key("AspectsFile").Ansi(o.AspectsFile());
+    Array(w, "ChartNum", PageObject::kMaxCharts, [&](int16_t k) { w.Int(o.ChartNum(k)); });
+    Array(w, "PointsFile", PageObject::kMaxCharts, [&](int16_t k) { w.Ansi(o.PointsFile(k)); });
+    w.EndObject();
 }
 
-QJsonObject ObjectJson(const PageObject& o) {
-    QJsonObject j;
-    j["ObjectClassID"] = o.ObjectClassID();
-    j["NumCharts"] = o.NumCharts();
-    j["Origin"] = Array(2, [&](int16_t k) { return Single(o.Origin(k)); });
-    j["Length"] = Array(2, [&](int16_t k) { return Single(o.Length(k)); });
-    j["TextJustify"] = o.TextJustify();
-    j["TextBottomUp"] = o.TextBottomUp();
-    j["TextLines"] = o.TextLines();
-    j["HorzBlocks"] = o.HorzBlocks();
-    j["YRatio"] = Single(o.YRatio());
-    j["FrameType"] = o.FrameType();
-    j["PL_Columns"] = Array(PageObject::kMaxColumns, [&](int16_t k) { return o.PL_Columns(k); });
-    j["Rulerships"] = o.Rulerships();
-    j["Modulus"] = Single(o.Modulus());
-    j["Orb"] = Single(o.Orb());
-    j["FontSize"] = Single(o.FontSize());
-    j["Weighted"] = o.Weighted();
-    j["TitleOn"] = o.TitleOn();
-    j["UserCaption"] = JsonText(o.UserCaption());
-    j["AnchorBottom"] = o.AnchorBottom();
-    j["Zodiac"] = o.Zodiac();
-    j["ForceLineColor"] = o.ForceLineColor();
-    j["WheelFile"] = JsonText(o.WheelFile());
-    j["GenericFile"] = JsonText(o.GenericFile());
-    j["AspectsFile"] = JsonText(o.AspectsFile());
-    j["ChartNum"] = Array(PageObject::kMaxCharts, [&](int16_t k) { return o.ChartNum(k); });
-    j["PointsFile"] =
-        Array(PageObject::kMaxCharts, [&](int16_t k) { return JsonText(o.PointsFile(k)); });
-    return j;
-}
-
-QJsonObject FormatJson(const PageFormat& f) {
-    QJsonObject j;
-    j["YRatio"] = Single(f.YRatio());
-    j["NoTextYRatio"] = Single(f.NoTextYRatio());
-    j["NewMargin"] = Array(4, [&](int16_t k) { return Single(f.NewMargin(k)); });
-    j["XPixels"] = f.XPixels();
-    j["YPixels"] = f.YPixels();
-    j["LogPixels"] = f.LogPixels();
-    j["ForPrinter"] = f.ForPrinter();
-    j["NumObjects"] = f.NumObjects();
+void WriteFormat(JsonWriter& w, const PageFormat& f) {
+    w.BeginObject();
+    w.Key("YRatio").Single(f.YRatio());
+    w.Key("NoTextYRatio").Single(f.NoTextYRatio());
+    Array(w, "NewMargin", 4, [&](int16_t k) { w.Single(f.NewMargin(k)); });
+    w.Key("XPixels").Int(f.XPixels());
+    w.Key("YPixels").Int(f.YPixels());
+    w.Key("LogPixels").Int(f.LogPixels());
+    w.Key("ForPrinter").Bool(f.ForPrinter());
+    w.Key("NumObjects").Int(f.NumObjects());
     // A format read for its frame only has empty slots.
-    j["Objects"] = Array(f.NumObjects(), [&](int16_t i) -> QJsonValue {
-        auto obj = f.Object(i);
-        return obj ? QJsonValue(ObjectJson(*obj)) : QJsonValue();
+    Array(w, "Objects", f.NumObjects(), [&](int16_t i) {
+        if (auto obj = f.Object(i)) {
+            WriteObject(w, *obj);
+        } else {
+            w.Null();
+        }
     });
-    return j;
+    w.EndObject();
 }
 
-QJsonObject PageJson(const PageClass& p) {
-    QJsonObject j;
-    j["ReadVersion"] = p.ReadVersion();
-    j["Description"] = JsonText(p.Description());
-    j["Title"] = JsonText(p.Title());
-    j["ListAbbreviation"] = JsonText(p.ListAbbreviation());
-    j["NumCharts"] = p.NumCharts();
-    j["ChartPlacementDesc"] =
-        Array(PageClass::kMaxCharts, [&](int16_t c) { return JsonText(p.ChartPlacementDesc(c)); });
-    j["NumFormats"] = p.NumFormats();
+std::string PageJson(const PageClass& p) {
+    JsonWriter w;
+    w.BeginObject();
+    w.Key("ReadVersion").Int(p.ReadVersion());
+    w.Key("Description").Ansi(p.Description());
+    w.Key("Title").Ansi(p.Title());
+    w.Key("ListAbbreviation").Ansi(p.ListAbbreviation());
+    w.Key("NumCharts").Int(p.NumCharts());
+    Array(w, "ChartPlacementDesc", PageClass::kMaxCharts,
+          [&](int16_t c) { w.Ansi(p.ChartPlacementDesc(c)); });
+    w.Key("NumFormats").Int(p.NumFormats());
     // A file's formats are always all present, selected or not.
-    j["Formats"] = Array(p.NumFormats(), [&](int16_t k) { return FormatJson(*p.GetFormat(k)); });
-    return j;
+    Array(w, "Formats", p.NumFormats(), [&](int16_t k) { WriteFormat(w, *p.GetFormat(k)); });
+    w.EndObject();
+    return w.Text();
 }
 
 int16_t FormatIndexArg(const std::string& text) {
@@ -114,7 +110,7 @@ int CommandDump(const ToolOptions& options, std::ostream& out) {
     }
     auto page = ReadToolPage(args[0], formatIndex);
     if (!page) return kExitFailure;
-    out << QJsonDocument(PageJson(*page)).toJson(QJsonDocument::Indented).toStdString();
+    out << PageJson(*page);
     return kExitOk;
 }
 

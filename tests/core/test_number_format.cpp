@@ -63,7 +63,11 @@ TEST(NumberFormat, ShortestDecimalReadsBackAsTheSameSingle) {
     EXPECT_EQ(ShortestDecimal(0.3f), "0.3");
     EXPECT_EQ(ShortestDecimal(0.75f), "0.75");
     EXPECT_EQ(ShortestDecimal(90.0f), "90");
-    for (float f : {0.1f, 1.0f / 3.0f, 123456.789f, 1e-7f, -2.5f}) {
+    // Large whole singles: no more digits than the single holds.
+    EXPECT_EQ(ShortestDecimal(16777216.0f), "16777216");
+    EXPECT_EQ(ShortestDecimal(131984208.0f), "1.3198421e+08");
+    EXPECT_EQ(ShortestDecimal(-579141566464.0f), "-5.7914157e+11");
+    for (float f : {0.1f, 1.0f / 3.0f, 123456.789f, 1e-7f, -2.5f, 3e38f}) {
         EXPECT_EQ(std::stof(ShortestDecimal(f)), f);
     }
 }

@@ -72,8 +72,8 @@ TEST(CreateInstance, ClassDefaultsSizeAndPlacement) {
     EXPECT_EQ(obj->ObjectClassID(), 4);
     EXPECT_EQ(obj->ChartNum(2), 2);
     EXPECT_EQ(obj->HorzBlocks(), 3);
-    // 240 pixels square, its origin (not its centre) in the middle.
-    EXPECT_EQ(obj->GetRect(0, 0, 800, 600).ToString(), "(400,300)-(640,540)");
+    // 240 pixels square, centred like every shape.
+    EXPECT_EQ(obj->GetRect(0, 0, 800, 600).ToString(), "(280,180)-(520,420)");
     c.SetShape(kShapeBox);
     c.SetDefaultYRatio(0.25f);  // wide: 40% across, a quarter of that high, centred
     EXPECT_EQ(c.CreateInstance(&format)->GetRect(0, 0, 800, 600).ToString(), "(240,260)-(560,340)");

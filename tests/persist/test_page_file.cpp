@@ -284,13 +284,21 @@ TEST(PageFile, UnknownVersionsAndHostileCountsFailFastWithTheMessage) {
         EXPECT_EQ(messages.shown.back().text, kReadPhrase + file + "\r\n\r\nInvalid file format");
     }
     messages.shown.clear();
-    // 32767 objects announced in a file that holds one: refused before room is made for them,
-    // selected or not.
+    // 32767 objects announced in a file that holds one: refused before room is made for them
+    // when the format is to be loaded...
     std::string file =
         dir.Write("huge.pag", Header(4, "x") + FormatRecord(32767, 800, 600) + WheelRecordV4());
-    for (int16_t index : {-1, 2}) EXPECT_EQ(ReadPage(file, index, true), nullptr);
+    for (int16_t index : {-1, 1}) EXPECT_EQ(ReadPage(file, index, true), nullptr);
     ASSERT_EQ(messages.shown.size(), 2u);
     EXPECT_EQ(messages.shown[1].text, kReadPhrase + file + "\r\n\r\nInput past end of file");
+    // ...and skipped when it is not: the skip reaches the file's end, which ends the reading.
+    file = dir.Write("many.pag", Header(4, "x") + FormatRecord(1000, 800, 600) + WheelRecordV4());
+    auto skipped = ReadPage(file, 2, true);
+    ASSERT_TRUE(skipped);
+    ASSERT_EQ(skipped->NumFormats(), 1);
+    EXPECT_EQ(skipped->GetFormat(1)->XPixels(), 800);
+    EXPECT_EQ(skipped->GetFormat(1)->NumObjects(), 1000);
+    EXPECT_EQ(skipped->GetFormat(1)->Object(1), nullptr);
 
     messages.shown.clear();
     file = dir.Write("negative.pag", Header(4, "x") + FormatRecord(-2, 800, 600));

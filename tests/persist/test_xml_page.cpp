@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "model/ModelState.h"
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
@@ -100,6 +102,12 @@ TEST(XMLOutPage, WritesTheElementTreeInOrder) {
                      {4, "</Object>"},
                      {2, "</PageFormat>"},
                      {0, "</VeltranePageDesign>"}}));
+
+    // A "," locale changes the singles and nothing else (no other text here holds a ".").
+    ASSERT_TRUE(XMLOutPage(',').WriteToXML(dir / "comma.xml", page));
+    std::string expected = test::ReadAll(dir / "a.xml");
+    std::replace(expected.begin(), expected.end(), '.', ',');
+    EXPECT_EQ(test::ReadAll(dir / "comma.xml"), expected);
 }
 
 TEST(XMLOutPage, EmptyPartsKeepTheirElements) {

@@ -189,6 +189,21 @@ TEST(PageDraw, NamesAreCentredAndRaisedForChartLabels) {
     EXPECT_TRUE(bare.Matching("Print").empty());
 }
 
+TEST(PageDraw, NamesAndChartLabelsAreCutToTheirObjectsWidth) {
+    Catalogue cat;
+    auto corner = cat.Add(kShapeTriangle, "Corner Ornament", 0);  // frame 2 pixels
+    auto caption = cat.Add(kShapeBox, "Caption", 2, 0);
+    PageFormat format;  // 784 pixels across the printable area; 6 pixels a character
+    Place(format, *caption, 0, 0, 0.05f, 0.1f)->SetNumCharts(2);  // 39 pixels
+    Place(format, *caption, 0, 0, 0.005f, 0.1f);                  // 4: not even the ellipsis
+    Place(format, *corner, 0, 0, 0.07f, 0.1f);  // 55, the name starting 4 pixels in
+    RecordingSurface s;
+    DrawFormat(s, nullptr, 2, format, true, false, false);
+    Lines texts;
+    for (auto& p : s.Matching("Print")) texts.push_back(p.substr(7, p.find("' at") - 7));
+    EXPECT_EQ(texts, (Lines{"Capti\x85", "Chart\x85", "", "", "Corner\x85", "Chart 1"}));
+}
+
 TEST(PageDraw, PageAndMarginRectangles) {
     PageFormat format;  // ratio 0.75
     RectClass wide = Rect(10, 20, 1000, 500);

@@ -147,10 +147,19 @@ TEST(ToolPages, DumpGivesThePageAsJson) {
     wheel->SetWeighted(true);
     wheel->SetPL_Columns(3, 200);
     wheel->SetPointsFile(1, "Main");
+    wheel->SetUserCaption("\"A\\B\"\x01");
+    wheel->SetModulus(131984208.0f);
+    wheel->SetOrb(-2792131072.0f);
+    wheel->SetFontSize(-579141566464.0f);
     std::string page = SavedPage(dir, "a.pag", {wheel}, 2);
     ToolRun r = Tool({"dump", page});
     ASSERT_EQ(r.status, kExitOk) << r.err;
-    EXPECT_NE(r.out.find(" 0.1,\n"), std::string::npos);  // not 0.10000000149011612
+    // Singles as their shortest decimal at every magnitude: not 0.10000000149011612 for 0.1,
+    // nor every integer digit of a large one.
+    for (const char* line : {" 0.1,\n", "\"Modulus\": 1.3198421e+08,\n",
+                             "\"Orb\": -2.792131e+09,\n", "\"FontSize\": -5.7914157e+11,\n"}) {
+        EXPECT_NE(r.out.find(line), std::string::npos) << line;
+    }
     Json j = test::JsonParser::Parse(r.out);
     auto keys = [](const Json& o) {
         std::set<std::string> k;
@@ -183,6 +192,7 @@ TEST(ToolPages, DumpGivesThePageAsJson) {
     EXPECT_EQ(o["Origin"].items[0].number, 0.1);
     EXPECT_EQ(o["PL_Columns"].items[2].number, 200);
     EXPECT_EQ(o["PointsFile"].items[0].text, "Main");
+    EXPECT_EQ(o["UserCaption"].text, "\"A\\B\"\x01");
     for (auto [name, size] : {std::pair{"PL_Columns", 64u},
                               {"ChartNum", 5u},
                               {"PointsFile", 5u},
