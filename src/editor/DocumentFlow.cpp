@@ -6,7 +6,9 @@
 #include "editor/PageSizes.h"
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
+#include "persist/BinaryFile.h"
 #include "persist/FileIO_Page.h"
+#include "persist/FileStatus.h"
 
 namespace paginox {
 
@@ -71,6 +73,16 @@ void DocumentFlow::OpenWorkFile() {
     host_.InitFormatList();
 }
 
+void DocumentFlow::OpenStartFile() {
+    if (FileExists(state_.CurrentFile)) {
+        OpenWorkFile();
+        return;
+    }
+    // The reader refuses a pipe or a device with its message; then it is as if none was named.
+    if (TypeOfFile(state_.CurrentFile) == FileType::Special) ReadPage(state_.CurrentFile, -1, true);
+    NewPage();
+}
+
 bool DocumentFlow::Save() {
     if (!state_.Page || !SavePage(state_.CurrentFile, *state_.Page)) return false;
     state_.MarkSaved();
@@ -89,8 +101,15 @@ void DocumentFlow::FileOpen() {
     bool cancel = false;
     SaveChangesPrompt(cancel);
     if (cancel) return;
-    host_.ShowOpenDialog(state_.CurrentFile, cancel);
+    std::string chosen = state_.CurrentFile;
+    host_.ShowOpenDialog(chosen, cancel);
     if (cancel) return;
+    // The reader refuses a pipe or a device with its message, and the page open stays.
+    if (TypeOfFile(chosen) == FileType::Special) {
+        ReadPage(chosen, -1, true);
+        return;
+    }
+    state_.CurrentFile = chosen;
     OpenWorkFile();
     host_.RefreshUI(true);
 }

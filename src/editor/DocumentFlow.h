@@ -44,6 +44,8 @@ class DocumentFlow {
     void ResetNewPage();
     // Loads CurrentFile; a page that cannot be read gives a new page under the same name.
     void OpenWorkFile();
+    // At start-up: loads CurrentFile when there is such a file, else makes a new page.
+    void OpenStartFile();
     // Writes the page to CurrentFile; on success the page counts as saved. False (after the
     // writer's own message) when it could not be written: the page stays changed.
     bool Save();

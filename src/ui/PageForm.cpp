@@ -29,7 +29,6 @@
 #include "model/PageObjectClass.h"
 #include "model/PageObjectClasses.h"
 #include "model/ScreenTwips.h"
-#include "persist/BinaryFile.h"
 #include "persist/Folders.h"
 #include "ui/EditorDialogs.h"
 #include "ui/PreviewWidget.h"
@@ -241,11 +240,7 @@ void PageForm::Load(const std::string& commandLine) {
         note->setObjectName("lblDemoData");
         statusBar()->addPermanentWidget(note, 1);
     }
-    if (FileExists(state_.CurrentFile)) {
-        OpenWorkFile();
-    } else {
-        flow_.NewPage();
-    }
+    flow_.OpenStartFile();
     if (!state_.PendingReset) RefreshUI(true);
 }
 

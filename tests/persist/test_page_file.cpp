@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <cstring>
 #include <filesystem>
@@ -326,6 +327,14 @@ TEST(PageFile, FailedSaveKeepsTheOldFileAndLeavesNoTemporary) {
     EXPECT_EQ(test::ReadAll(file), SamplePageBytes());
     EXPECT_EQ(FilesIn(dir), 1u);
     EXPECT_TRUE(messages.shown.empty());
+
+    // A pipe is neither read, which would wait forever, nor replaced.
+    std::string pipe = dir / "pipe.pag";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(ReadPage(pipe, -1, true), nullptr);
+    EXPECT_FALSE(SavePage(pipe, SamplePage()));
+    EXPECT_EQ(messages.shown.at(0).text, kReadPhrase + pipe + "\r\n\r\nBad file name");
+    EXPECT_EQ(messages.shown.at(1).title, "Save Error");
 }
 
 // Version 3: bytes 204.. hold the flag bytes, Zodiac, a 238-byte reserved text, then the
