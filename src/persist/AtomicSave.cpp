@@ -36,12 +36,16 @@ void WriteNewFile(const fs::path& temp, const std::string& bytes, bool& created)
     if (!ok) Raise(ErrorNumberFromErrno(err));
 }
 
-// A pipe or a device in the file's place is never replaced by a file.
+// The rename needs only the folder's permission, so the file's own is checked here: a file
+// the user made read-only stays as it is. Its mode bits decide, so that this also holds for
+// root, whom access() lets write anything. Nor is a pipe or a device ever replaced.
 void RefuseToReplace(const fs::path& target) {
     struct stat st{};
     if (stat(target.c_str(), &st) != 0) return;  // a new file
     if (S_ISDIR(st.st_mode)) Raise(kPathFileAccessError);
     if (!S_ISREG(st.st_mode)) Raise(kBadFileName);
+    if (!(st.st_mode & S_IWUSR)) Raise(kPermissionDenied);
+    if (access(target.c_str(), W_OK) != 0) Raise(ErrorNumberFromErrno(errno));
 }
 }  // namespace
 

@@ -322,6 +322,15 @@ TEST(PageFile, FailedSaveKeepsTheOldFileAndLeavesNoTemporary) {
     std::filesystem::create_directory(dir / "folder.pag");
     EXPECT_FALSE(SavePage(dir / "folder.pag", SamplePage()));
 
+    // Read-only is the user's word that the file stays as it is, though the folder allows it.
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+    messages.shown.clear();
+    EXPECT_FALSE(SavePage(file, SamplePage()));
+    EXPECT_EQ(messages.shown.at(0).text,
+              "Error whilst attempting to save page " + file + "\r\n\r\nPermission denied");
+    EXPECT_EQ(test::ReadAll(file), "old contents");
+    std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+
     messages.shown.clear();
     ASSERT_TRUE(SavePage(file, SamplePage()));  // an existing file is replaced
     EXPECT_EQ(test::ReadAll(file), SamplePageBytes());
