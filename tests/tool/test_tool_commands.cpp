@@ -3,6 +3,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <filesystem>
 #include <set>
 #include <sstream>
 
@@ -115,6 +116,10 @@ TEST(ToolPages, XmlWritesBesideThePageOrToOut) {
     EXPECT_EQ(WithSample({"xml", page, "-o", dir / "no/such/out.xml"}).status, kExitFailure);
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].title, "File Write Error");
+    // Written as pages are saved: a file that cannot be replaced keeps every byte.
+    std::filesystem::permissions(dir / "out.txt", std::filesystem::perms::owner_read);
+    EXPECT_EQ(WithSample({"xml", page, "-o", dir / "out.txt"}).status, kExitFailure);
+    EXPECT_EQ(test::ReadAll(dir / "out.txt"), xml);
 }
 
 TEST(ToolPages, ConvertSavesAnyVersionAsFour) {
