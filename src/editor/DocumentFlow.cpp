@@ -37,6 +37,7 @@ void DocumentFlow::SaveChangesPrompt(bool& cancel) {
 
 void DocumentFlow::NewPage() {
     state_.CurrentFile.clear();
+    RememberDiskFile();
     state_.Page = std::make_shared<PageClass>();
     state_.Page->InitNewPage();
     state_.SetCurrentFormat(1);
@@ -63,6 +64,7 @@ void DocumentFlow::OpenWorkFile() {
     state_.CurrentFormatIndex = 0;
     state_.CurrentFormat = nullptr;
     state_.SelectedObject = 0;
+    RememberDiskFile();
     state_.Page = ReadPage(state_.CurrentFile, -1, true);
     if (!state_.Page) {
         state_.Page = std::make_shared<PageClass>();
@@ -84,9 +86,29 @@ void DocumentFlow::OpenStartFile() {
 }
 
 bool DocumentFlow::Save() {
-    if (!state_.Page || !SavePage(state_.CurrentFile, *state_.Page)) return false;
+    if (!state_.Page || !OverwriteAllowed()) return false;
+    if (!SavePage(state_.CurrentFile, *state_.Page)) return false;
     state_.MarkSaved();
+    RememberDiskFile();
     return true;
+}
+
+void DocumentFlow::RememberDiskFile() {
+    state_.DiskFile = state_.CurrentFile;
+    state_.DiskStamp = StampOf(state_.CurrentFile);
+}
+
+// Saving under another name was confirmed in the Save As dialog; saving over the file that was
+// opened or saved asks when it is no longer the one this page came from.
+bool DocumentFlow::OverwriteAllowed() {
+    if (state_.CurrentFile != state_.DiskFile) return true;
+    std::optional<FileStamp> now = StampOf(state_.CurrentFile);
+    if (!now || now == state_.DiskStamp) return true;
+    std::string text = Utf8ToCp1252(state_.CurrentFile) + kCrLf + kCrLf +
+                       "This file has been changed by another program since it was opened or "
+                       "last saved. Do you want to overwrite it?";
+    return Messages().Show(text, "File Changed", MsgButtons::YesNo, MsgIcon::Exclamation) ==
+           MsgAnswer::Yes;
 }
 
 void DocumentFlow::FileNew() {
