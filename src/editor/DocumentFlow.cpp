@@ -9,7 +9,9 @@
 #include "editor/RecoveryStore.h"
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
+#include "persist/BinaryFile.h"
 #include "persist/FileIO_Page.h"
+#include "persist/FileStatus.h"
 
 namespace paginox {
 
@@ -41,6 +43,7 @@ void DocumentFlow::SaveChangesPrompt(bool& cancel) {
 void DocumentFlow::NewPage() {
     if (recovery_) recovery_->Discard();
     state_.CurrentFile.clear();
+    RememberDiskFile();
     state_.Page = std::make_shared<PageClass>();
     state_.Page->InitNewPage();
     state_.SetCurrentFormat(1);
@@ -68,6 +71,7 @@ void DocumentFlow::OpenWorkFile() {
     state_.CurrentFormatIndex = 0;
     state_.CurrentFormat = nullptr;
     state_.SelectedObject = 0;
+    RememberDiskFile();
     state_.Page = ReadPage(state_.CurrentFile, -1, true);
     if (!state_.Page) {
         state_.Page = std::make_shared<PageClass>();
@@ -78,11 +82,41 @@ void DocumentFlow::OpenWorkFile() {
     host_.InitFormatList();
 }
 
+void DocumentFlow::OpenStartFile() {
+    if (FileExists(state_.CurrentFile)) {
+        OpenWorkFile();
+        return;
+    }
+    // The reader refuses a pipe or a device with its message; then it is as if none was named.
+    if (TypeOfFile(state_.CurrentFile) == FileType::Special) ReadPage(state_.CurrentFile, -1, true);
+    NewPage();
+}
+
 bool DocumentFlow::Save() {
-    if (!state_.Page || !SavePage(state_.CurrentFile, *state_.Page)) return false;
+    if (!state_.Page || !OverwriteAllowed()) return false;
+    if (!SavePage(state_.CurrentFile, *state_.Page)) return false;
     state_.MarkSaved();
+    RememberDiskFile();
     if (recovery_) recovery_->Discard();
     return true;
+}
+
+void DocumentFlow::RememberDiskFile() {
+    state_.DiskFile = state_.CurrentFile;
+    state_.DiskStamp = StampOf(state_.CurrentFile);
+}
+
+// Saving under another name was confirmed in the Save As dialog; saving over the file that was
+// opened or saved asks when it is no longer the one this page came from.
+bool DocumentFlow::OverwriteAllowed() {
+    if (state_.CurrentFile != state_.DiskFile) return true;
+    std::optional<FileStamp> now = StampOf(state_.CurrentFile);
+    if (!now || now == state_.DiskStamp) return true;
+    std::string text = Utf8ToCp1252(state_.CurrentFile) + kCrLf + kCrLf +
+                       "This file has been changed by another program since it was opened or "
+                       "last saved. Do you want to overwrite it?";
+    return Messages().Show(text, "File Changed", MsgButtons::YesNo, MsgIcon::Exclamation) ==
+           MsgAnswer::Yes;
 }
 
 void DocumentFlow::FileNew() {
@@ -97,8 +131,15 @@ void DocumentFlow::FileOpen() {
     bool cancel = false;
     SaveChangesPrompt(cancel);
     if (cancel) return;
-    host_.ShowOpenDialog(state_.CurrentFile, cancel);
+    std::string chosen = state_.CurrentFile;
+    host_.ShowOpenDialog(chosen, cancel);
     if (cancel) return;
+    // The reader refuses a pipe or a device with its message, and the page open stays.
+    if (TypeOfFile(chosen) == FileType::Special) {
+        ReadPage(chosen, -1, true);
+        return;
+    }
+    state_.CurrentFile = chosen;
     OpenWorkFile();
     host_.RefreshUI(true);
 }

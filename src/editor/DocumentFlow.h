@@ -48,8 +48,12 @@ class DocumentFlow {
     void ResetNewPage();
     // Loads CurrentFile; a page that cannot be read gives a new page under the same name.
     void OpenWorkFile();
+    // At start-up: loads CurrentFile when there is such a file, else makes a new page.
+    void OpenStartFile();
     // Writes the page to CurrentFile; on success the page counts as saved. False (after the
-    // writer's own message) when it could not be written: the page stays changed.
+    // writer's own message) when it could not be written: the page stays changed. When another
+    // program changed the file since it was opened or saved, asks first; No writes nothing
+    // and also gives false.
     bool Save();
 
     // The File menu commands and closing. Each command refreshes the window when it acted.
@@ -73,6 +77,8 @@ class DocumentFlow {
   private:
     // Says where unsaved changes were kept.
     void ReportKeptCopy(const std::string& path);
+    void RememberDiskFile();
+    bool OverwriteAllowed();
 
     EditorState& state_;
     DocumentHost& host_;

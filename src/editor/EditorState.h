@@ -6,9 +6,11 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "persist/FileStatus.h"
 #include "render/PageDraw.h"
 #include "render/SelectionMarkSet.h"
 
@@ -22,6 +24,10 @@ class EditorState {
   public:
     // Full path of the open page file; empty for a page never saved.
     std::string CurrentFile;
+    // The file DiskFile as it was on disk when last opened or saved (nothing when it was not
+    // there), so that a save notices another program having written it in between.
+    std::string DiskFile;
+    std::optional<FileStamp> DiskStamp;
     std::shared_ptr<PageClass> Page;
     // The page as last loaded, made or saved; the page has changed when it differs from it.
     std::shared_ptr<PageClass> SavedPage;

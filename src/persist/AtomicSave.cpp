@@ -1,14 +1,13 @@
 #include "persist/AtomicSave.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <random>
 #include <system_error>
-
-#ifndef _WIN32
-#include <unistd.h>
-#endif
 
 #include "core/RuntimeError.h"
 
@@ -31,12 +30,22 @@ void WriteNewFile(const fs::path& temp, const std::string& bytes, bool& created)
     created = true;
     bool ok = std::fwrite(bytes.data(), 1, bytes.size(), f) == bytes.size() && std::fflush(f) == 0;
     int err = errno;
-#ifndef _WIN32
     // On disk before the rename makes it the only copy.
     if (ok && fsync(fileno(f)) != 0) ok = false, err = errno;
-#endif
     if (std::fclose(f) != 0 && ok) ok = false, err = errno;
     if (!ok) Raise(ErrorNumberFromErrno(err));
+}
+
+// The rename needs only the folder's permission, so the file's own is checked here: a file
+// the user made read-only stays as it is. Its mode bits decide, so that this also holds for
+// root, whom access() lets write anything. Nor is a pipe or a device ever replaced.
+void RefuseToReplace(const fs::path& target) {
+    struct stat st{};
+    if (stat(target.c_str(), &st) != 0) return;  // a new file
+    if (S_ISDIR(st.st_mode)) Raise(kPathFileAccessError);
+    if (!S_ISREG(st.st_mode)) Raise(kBadFileName);
+    if (!(st.st_mode & S_IWUSR)) Raise(kPermissionDenied);
+    if (access(target.c_str(), W_OK) != 0) Raise(ErrorNumberFromErrno(errno));
 }
 }  // namespace
 
@@ -48,7 +57,7 @@ void SaveFileAtomically(const std::string& path, const std::string& bytes) {
         target = fs::weakly_canonical(target, ec);
         if (ec) Raise(ErrorNumberFromErrno(ec.value()));
     }
-    if (fs::is_directory(target, ec)) Raise(kPathFileAccessError);
+    RefuseToReplace(target);
 
     std::random_device rd;
     fs::path temp = target;

@@ -9,7 +9,8 @@ namespace paginox {
 
 // Raises RuntimeError with the classic number on failure; the target is then untouched and
 // the temporary file removed. Through a symbolic link the file it points to is replaced, and a
-// replaced file keeps its permissions. The path is native (UTF-8).
+// replaced file keeps its permissions. A file without write permission is refused ("Permission
+// denied"), and so is a pipe or a device ("Bad file name"). The path is native (UTF-8).
 void SaveFileAtomically(const std::string& path, const std::string& bytes);
 
 }  // namespace paginox

@@ -1,12 +1,15 @@
 #include "persist/BinaryFile.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 
 #include "core/AnsiText.h"
 #include "core/MessageService.h"
 #include "core/RuntimeError.h"
+#include "persist/FileStatus.h"
 
 namespace paginox {
 
@@ -27,9 +30,41 @@ namespace {
     Raise(ErrorNumberFromErrno(err));
 }
 
-bool IsDirectory(const std::string& path) {
+// Only a regular file is ever opened: a pipe or a device would block a reader or a writer
+// forever, and a folder holds no records. The status is asked first so that nothing else is
+// touched; O_NONBLOCK and the second look after opening cover a pipe put there in between.
+std::FILE* OpenRegularFile(const std::string& path, int flags, const char* mode,
+                           uint64_t* length = nullptr) {
+    switch (TypeOfFile(path)) {
+        case FileType::Directory:
+            Raise(kPathFileAccessError);
+        case FileType::Special:
+            Raise(kBadFileName);
+        default:
+            break;
+    }
+    int fd = open(path.c_str(), flags | O_NONBLOCK | O_CLOEXEC, 0666);
+    if (fd < 0) {
+        if (errno == ENXIO) Raise(kBadFileName);  // a pipe without a reader
+        RaiseOpenError(path);
+    }
     struct stat st{};
-    return stat(path.c_str(), &st) == 0 && S_ISDIR(st.st_mode);
+    int failed = fstat(fd, &st) != 0 ? ErrorNumberFromErrno(errno) : 0;
+    if (!failed && !S_ISREG(st.st_mode)) {
+        failed = S_ISDIR(st.st_mode) ? kPathFileAccessError : kBadFileName;
+    }
+    std::FILE* file = nullptr;
+    if (!failed) {
+        fcntl(fd, F_SETFL, fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+        file = fdopen(fd, mode);
+        if (!file) failed = ErrorNumberFromErrno(errno);
+    }
+    if (failed) {
+        close(fd);
+        Raise(failed);
+    }
+    if (length) *length = static_cast<uint64_t>(st.st_size);
+    return file;
 }
 
 constexpr size_t kReadBufferSize = 64 * 1024;
@@ -37,45 +72,40 @@ constexpr size_t kReadBufferSize = 64 * 1024;
 
 BinaryFile::BinaryFile(const std::string& path, FileKind kind) {
     if (path.empty()) Raise(kBadFileName);
-    if (kind == FileKind::Read) {
-        OpenForReading(path);
-        return;
-    }
-    if (IsDirectory(path)) Raise(kPathFileAccessError);
     switch (kind) {
-        case FileKind::Write: file_ = std::fopen(path.c_str(), "wb"); break;
-        case FileKind::Read: break;
-        case FileKind::Append: file_ = std::fopen(path.c_str(), "ab"); break;
+        case FileKind::Read:
+            OpenForReading(path);
+            return;
+        case FileKind::Write:
+            file_ = OpenRegularFile(path, O_WRONLY | O_CREAT | O_TRUNC, "wb");
+            return;
+        case FileKind::Append:
+            file_ = OpenRegularFile(path, O_WRONLY | O_CREAT | O_APPEND, "ab");
+            return;
         case FileKind::Random:
         case FileKind::Binary:
-            file_ = std::fopen(path.c_str(), "r+b");
-            if (!file_ && errno == ENOENT) file_ = std::fopen(path.c_str(), "w+b");
-            if (!file_ && (errno == EACCES || errno == EROFS)) {
-                file_ = std::fopen(path.c_str(), "rb");  // read-only files still read
-            }
-            break;
+            OpenForRecords(path);
+            return;
     }
-    if (!file_) RaiseOpenError(path);
 }
 
-// One fstat after opening both refuses a folder and learns the length, instead of a stat before
-// and another for every Length().
+// Reading and writing; a missing file is created and a read-only one still read, as record
+// access did.
+void BinaryFile::OpenForRecords(const std::string& path) {
+    try {
+        file_ = OpenRegularFile(path, O_RDWR | O_CREAT, "r+b");
+    } catch (const RuntimeError& e) {
+        if (e.Number() != kPermissionDenied && e.Number() != kPathFileAccessError) throw;
+        if (TypeOfFile(path) != FileType::Regular) throw;
+        file_ = OpenRegularFile(path, O_RDONLY, "rb");
+    }
+}
+
+// The length comes with the open, instead of a system call for every Length().
 void BinaryFile::OpenForReading(const std::string& path) {
-    file_ = std::fopen(path.c_str(), "rb");
-    if (!file_) {
-        int err = errno;
-        if (IsDirectory(path)) Raise(kPathFileAccessError);
-        errno = err;
-        RaiseOpenError(path);
-    }
-    struct stat st{};
-    int failed = fstat(fileno(file_), &st) != 0 ? errno : 0;
-    if (failed || S_ISDIR(st.st_mode)) {
-        std::fclose(file_);
-        file_ = nullptr;
-        Raise(failed ? ErrorNumberFromErrno(failed) : kPathFileAccessError);
-    }
-    length_ = static_cast<uint64_t>(st.st_size);
+    uint64_t length = 0;
+    file_ = OpenRegularFile(path, O_RDONLY, "rb", &length);
+    length_ = length;
     buffer_ = std::make_unique_for_overwrite<char[]>(kReadBufferSize);
     std::setvbuf(file_, buffer_.get(), _IOFBF, kReadBufferSize);
 }

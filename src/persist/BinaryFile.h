@@ -18,6 +18,8 @@ class BinaryFile {
 public:
     // Write truncates or creates; Read needs an existing file; Append creates; Random and
     // Binary open for reading and writing and create a missing file, as record access did.
+    // Anything but a regular file is refused ("Bad file name"; a folder "Path/File access
+    // error") without blocking on it.
     BinaryFile(const std::string& path, FileKind kind);
     ~BinaryFile();
     BinaryFile(const BinaryFile&) = delete;
@@ -37,6 +39,7 @@ public:
 
 private:
     void OpenForReading(const std::string& path);
+    void OpenForRecords(const std::string& path);
 
     std::FILE* file_ = nullptr;
     // Known from opening for reading, else asked once; a write makes it unknown again.
@@ -45,7 +48,8 @@ private:
     std::unique_ptr<char[]> buffer_;
 };
 
-// True when the path names a file that can be opened for reading.
+// True when the path names a file that can be opened for reading; never blocks, and a pipe or
+// a device is no such file.
 bool FileExists(const std::string& path);
 
 // Opens a file, or reports "Open Error" with the system's description and returns nothing.

@@ -11,6 +11,7 @@
 #include "persist/AtomicSave.h"
 #include "persist/BinaryFile.h"
 #include "persist/ByteStream.h"
+#include "persist/FileStatus.h"
 #include "persist/RecordTable.h"
 
 namespace paginox {
@@ -252,12 +253,20 @@ size_t ObjectRecordLength(int16_t version) {
 
 std::shared_ptr<PageClass> ReadPage(const std::string& fileName, int16_t formatIndex,
                                     bool reportErrors) {
+    auto report = [&](const RuntimeError& e) {
+        if (!reportErrors) return;
+        ShowMessage(FileErrorText("Error whilst attempting to read page formats ", fileName,
+                                  e.Description()),
+                    "Open Error", MsgIcon::Critical);
+    };
     // A file that cannot be opened for reading is taken as missing: nothing, and no message.
-    // Opening it once here is the same test FileExists makes, without a second open.
+    // Opening it once here is the same test FileExists makes, without a second open. A pipe
+    // or a device is refused aloud, though: the user named something that is there.
     std::unique_ptr<BinaryFile> file;
     try {
         file = std::make_unique<BinaryFile>(fileName, FileKind::Read);
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& e) {
+        if (TypeOfFile(fileName) == FileType::Special) report(e);
         return nullptr;
     }
     try {
@@ -266,11 +275,7 @@ std::shared_ptr<PageClass> ReadPage(const std::string& fileName, int16_t formatI
         return page;
     } catch (const RuntimeError& e) {
         file.reset();
-        if (reportErrors) {
-            ShowMessage(FileErrorText("Error whilst attempting to read page formats ", fileName,
-                                      e.Description()),
-                        "Open Error", MsgIcon::Critical);
-        }
+        report(e);
         return nullptr;
     }
 }

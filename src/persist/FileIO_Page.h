@@ -23,8 +23,9 @@ size_t ObjectRecordLength(int16_t version);
 
 // Reads a page. formatIndex < 0 loads every format in full; k > 0 loads format k in full and
 // only the frame fields of the others (their objects are skipped, their slots left empty).
-// A missing file gives nullptr quietly; an unreadable or damaged one gives nullptr after the
-// "Open Error" message when reportErrors. Paths are native (UTF-8).
+// A missing file gives nullptr quietly; a damaged one, or a pipe or device in place of the
+// file, gives nullptr after the "Open Error" message when reportErrors. Paths are native
+// (UTF-8).
 std::shared_ptr<PageClass> ReadPage(const std::string& fileName, int16_t formatIndex,
                                     bool reportErrors);
 

@@ -2,14 +2,11 @@
 
 #include <sys/stat.h>
 
-#include <cerrno>
-#include <filesystem>
-#include <fstream>
-#include <random>
 #include <vector>
 
 #include "core/AnsiText.h"
 #include "core/RuntimeError.h"
+#include "persist/AtomicSave.h"
 #include "persist/BinaryFile.h"
 
 namespace paginox {
@@ -267,40 +264,12 @@ bool WriteProfileString(const std::string& file, std::string_view section,
         changed = SetKey(lines, section, *key, TrimLeadingBlanks(*value));
     }
     if (!changed) return true;
-    return WriteFileAtomically(file, JoinLines(lines));
-}
-
-bool WriteFileAtomically(const std::string& path, const std::string& bytes) {
-    namespace fs = std::filesystem;
-    std::error_code ec;
-    fs::path target = path;
-    // Through a link, the file it points to is replaced, not the link.
-    if (fs::is_symlink(fs::symlink_status(target, ec))) {
-        target = fs::weakly_canonical(target, ec);
-        if (ec) return false;
-    }
-    std::random_device rd;
-    fs::path temp = target;
-    temp += ".~" + std::to_string(rd()) + ".tmp";
-    {
-        std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-        if (!out) return false;
-        out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        out.flush();
-        if (!out) {
-            out.close();
-            fs::remove(temp, ec);
-            return false;
-        }
-    }
-    auto old = fs::status(target, ec);
-    if (fs::exists(old)) fs::permissions(temp, old.permissions(), ec);
-    fs::rename(temp, target, ec);
-    if (ec) {
-        fs::remove(temp, ec);
+    try {
+        SaveFileAtomically(file, JoinLines(lines));
+        return true;
+    } catch (const RuntimeError&) {
         return false;
     }
-    return true;
 }
 
 }  // namespace paginox

@@ -36,8 +36,4 @@ std::string ReadProfileString(const std::string& file, std::string_view section,
 bool WriteProfileString(const std::string& file, std::string_view section,
                         std::optional<std::string_view> key, std::optional<std::string_view> value);
 
-// Replaces a file's contents through a temporary file beside it, so that a failed write
-// leaves the old file as it was.
-bool WriteFileAtomically(const std::string& path, const std::string& bytes);
-
 }  // namespace paginox

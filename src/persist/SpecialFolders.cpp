@@ -5,7 +5,10 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
+#include <sstream>
+
+#include "core/RuntimeError.h"
+#include "persist/BinaryFile.h"
 
 namespace paginox {
 
@@ -44,7 +47,12 @@ std::string ConfigFolder() {
 
 // XDG_DOCUMENTS_DIR from the user-dirs file: "$HOME/..." or an absolute path, in quotes.
 std::string UserDirsDocuments() {
-    std::ifstream in(ConfigFolder() + "/user-dirs.dirs");
+    std::istringstream in;
+    try {
+        in.str(ReadWholeFile(ConfigFolder() + "/user-dirs.dirs"));
+    } catch (const RuntimeError&) {
+        return "";
+    }
     std::string line;
     const std::string key = "XDG_DOCUMENTS_DIR=";
     while (std::getline(in, line)) {

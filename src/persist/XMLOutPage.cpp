@@ -43,11 +43,8 @@ bool XMLOutPage::WriteToXML(const std::string& fileName, const PageClass& page) 
         xml_.CloseNode();
         balanced = xml_.CloseXML();
     } catch (const RuntimeError&) {
-        // A full disk, say: the file is closed and kept as far as it got.
-        try {
-            xml_.CloseXML();
-        } catch (const RuntimeError&) {
-        }
+        // A full disk, say: the file as it was before stays.
+        xml_.AbandonXML();
         ShowMessage(failed, "File Write Error");
         return false;
     }

@@ -4,33 +4,39 @@
 #include "core/NumberFormat.h"
 #include "core/Rounding.h"
 #include "core/RuntimeError.h"
+#include "persist/AtomicSave.h"
 
 namespace paginox {
 
 bool XMLOutput::OpenXML(const std::string& fileName) {
     stack_.assign(21, std::string());
     depth_ = 0;
-    try {
-        file_ = std::make_unique<BinaryFile>(fileName, FileKind::Write);
-    } catch (const RuntimeError&) {
-        file_.reset();
-        return false;
-    }
+    text_.clear();
+    fileName_.reset();
+    if (fileName.empty()) return false;
+    fileName_ = fileName;
     return true;
 }
 
 bool XMLOutput::CloseXML() {
-    if (!file_) return false;
+    if (!fileName_) return false;
     bool balanced = depth_ == 0;
-    file_->Close();
-    file_.reset();
-    depth_ = 0;
+    std::string fileName = *fileName_;
+    std::string text = std::move(text_);
+    AbandonXML();
+    SaveFileAtomically(fileName, text);
     return balanced;
 }
 
+void XMLOutput::AbandonXML() {
+    fileName_.reset();
+    text_.clear();
+    depth_ = 0;
+}
+
 void XMLOutput::WriteLine(const std::string& text) {
-    if (!file_) Raise(kBadFileNameOrNumber);
-    file_->Write(std::string(2 * size_t(depth_), ' ') + text + "\r\n");
+    if (!fileName_) Raise(kBadFileNameOrNumber);
+    text_.append(2 * size_t(depth_), ' ').append(text).append("\r\n");
 }
 
 void XMLOutput::OpenNode(const std::string& name) {

@@ -3,14 +3,15 @@
 // A minimal line-oriented XML writer: one element per line, two spaces of indentation per
 // open element, CR LF line ends. Names and values are written exactly as given: nothing is
 // escaped and no declaration is written, because the host reads the files in that form.
+// The text is gathered in memory and the file replaced in one go on closing, so that a failed
+// translation never leaves half a file in place of the last good one.
 
 #include <cstdint>
-#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/NumberFormat.h"
-#include "persist/BinaryFile.h"
 
 namespace paginox {
 
@@ -20,10 +21,13 @@ class XMLOutput {
     explicit XMLOutput(char decimalSeparator = UserDecimalSeparator())
         : decimalSeparator_(decimalSeparator) {}
 
-    // Opens (creates or truncates) the file; false when it cannot be opened.
+    // Starts a file of that name; false for an empty name.
     bool OpenXML(const std::string& fileName);
-    // Closes the file; true only when every element opened was also closed.
+    // Writes the file, raising RuntimeError when it cannot be written (the old file is then
+    // untouched); true only when every element opened was also closed. False when none is open.
     bool CloseXML();
+    // Drops what was written since OpenXML; the file is not touched.
+    void AbandonXML();
 
     void OpenNode(const std::string& name);
     void CloseNode();  // ignored at depth 0
@@ -39,7 +43,8 @@ class XMLOutput {
     void WriteLine(const std::string& text);
 
     char decimalSeparator_;
-    std::unique_ptr<BinaryFile> file_;
+    std::optional<std::string> fileName_;
+    std::string text_;
     int16_t depth_ = 0;
     std::vector<std::string> stack_ = std::vector<std::string>(21);  // 1-based, bound 20
 };

@@ -7,6 +7,7 @@
 
 #include "core/AnsiText.h"
 #include "persist/BinaryFile.h"
+#include "persist/FileStatus.h"
 #include "persist/Folders.h"
 #include "render/DrawingSurface.h"
 
@@ -18,8 +19,7 @@ namespace {
 
 // A bitmap read from disk, valid while its file keeps the same time and size.
 struct KeptBitmap {
-    fs::file_time_type Time;
-    uintmax_t Size = 0;
+    FileStamp Stamp;
     QImage Image;
 };
 
@@ -41,24 +41,20 @@ std::string UpperExtension(const std::string& path) {
     return ToUpperAscii(ext);
 }
 
-// The bitmap file read once and then kept while the file is unchanged.
+// The bitmap file read once and then kept while the file is unchanged. Only a regular file
+// goes to the reader, which would wait forever on a pipe.
 const QImage* ReadBitmap(const std::string& path) {
-    std::error_code ec;
-    fs::file_time_type time = fs::last_write_time(path, ec);
-    if (ec) return nullptr;
-    uintmax_t size = fs::file_size(path, ec);
-    if (ec) return nullptr;
+    std::optional<FileStamp> stamp = StampOf(path);
+    if (!stamp) return nullptr;
     auto kept = gKept.find(path);
-    if (kept != gKept.end() && kept->second.Time == time && kept->second.Size == size) {
-        return &kept->second.Image;
-    }
+    if (kept != gKept.end() && kept->second.Stamp == *stamp) return &kept->second.Image;
     QImageReader reader(ToQPath(path), "bmp");
     QImage image = reader.read();
     ++gCounts.BitmapReads;
     if (image.isNull()) return nullptr;
     if (gKept.size() >= kMaxKeptBitmaps && kept == gKept.end()) gKept.clear();
     KeptBitmap& entry = gKept[path];
-    entry = KeptBitmap{time, size, image.convertToFormat(QImage::Format_RGB32)};
+    entry = KeptBitmap{*stamp, image.convertToFormat(QImage::Format_RGB32)};
     return &entry.Image;
 }
 
@@ -105,6 +101,8 @@ std::string TemporaryGraphicFile() {
 }
 
 QImage ReadPicture(const std::string& fileName) {
+    // The reader would wait forever on a pipe put in a picture's place.
+    if (TypeOfFile(fileName) != FileType::Regular) return {};
     QImageReader reader(ToQPath(fileName));
     QByteArray format = reader.format();
     if (format == "svg" || format == "svgz") {

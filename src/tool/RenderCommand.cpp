@@ -1,6 +1,7 @@
 // The render command: one format of a page drawn to a PNG image, as a thumbnail on white or
 // as the editor's preview.
 
+#include <QBuffer>
 #include <QGuiApplication>
 #include <QImage>
 #include <charconv>
@@ -13,6 +14,7 @@
 #include "core/RuntimeError.h"
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
+#include "persist/AtomicSave.h"
 #include "persist/Folders.h"
 #include "render/ImageDraw.h"
 #include "render/PageDraw.h"
@@ -110,6 +112,19 @@ void EnsureGuiApplication() {
     new QGuiApplication(argc, argv);
 }
 
+// Encoded in memory and saved as pages are, so that a failure keeps the old image whole.
+bool SavePng(const QImage& image, const std::string& path) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, "PNG")) return false;
+    try {
+        SaveFileAtomically(path, bytes.toStdString());
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
 }  // namespace
 
 int CommandRender(const ToolOptions& options, std::ostream&) {
@@ -157,7 +172,7 @@ int CommandRender(const ToolOptions& options, std::ostream&) {
     } catch (const RuntimeError& e) {
         return ReportPageError(r.page, e);
     }
-    if (!image.save(QString::fromStdString(r.out), "PNG")) {
+    if (!SavePng(image, r.out)) {
         ShowMessage("Error whilst writing the image " + Utf8ToCp1252(r.out), "paginox-tool",
                     MsgIcon::Critical);
         return kExitFailure;

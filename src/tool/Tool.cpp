@@ -1,8 +1,11 @@
 #include "tool/Tool.h"
 
+#include <cerrno>
+#include <cstring>
 #include <functional>
 #include <map>
 #include <ostream>
+#include <sstream>
 
 #include "tool/ToolCommands.h"
 
@@ -51,9 +54,7 @@ const std::map<std::string, Command>& Commands() {
     return commands;
 }
 
-}  // namespace
-
-int RunTool(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+int RunCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
     ToolOptions options;
     size_t i = 0;
     for (; i < args.size() && args[i].starts_with("--"); ++i) {
@@ -88,6 +89,25 @@ int RunTool(const std::vector<std::string>& args, std::ostream& out, std::ostrea
         err << "paginox-tool: " << e.message << "\n\n" << kUsage;
         return kExitUsage;
     }
+}
+
+}  // namespace
+
+// The output is gathered first and written in one go, so that the check after it sees the
+// failure of every write and errno still tells its cause (a full disk, say).
+int RunTool(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    std::ostringstream gathered;
+    int status = RunCommand(args, gathered, err);
+    errno = 0;
+    const std::string text = gathered.str();
+    out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    out.flush();
+    if (out) return status;
+    const int cause = errno;
+    err << "paginox-tool: cannot write to standard output";
+    if (cause) err << ": " << std::strerror(cause);
+    err << '\n';
+    return kExitFailure;
 }
 
 }  // namespace paginox

@@ -11,7 +11,8 @@ namespace paginox {
 
 enum ExitCode { kExitOk = 0, kExitFailure = 1, kExitUsage = 2 };
 
-// Runs one command line (without the program name) and returns the exit status.
+// Runs one command line (without the program name) and returns the exit status; output that
+// cannot be written to out is a failure, said on err.
 int RunTool(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
 }  // namespace paginox

@@ -30,7 +30,6 @@
 #include "model/PageObjectClass.h"
 #include "model/PageObjectClasses.h"
 #include "model/ScreenTwips.h"
-#include "persist/BinaryFile.h"
 #include "persist/Folders.h"
 #include "ui/EditorDialogs.h"
 #include "ui/PreviewWidget.h"
@@ -284,10 +283,8 @@ void PageForm::Load(const std::string& commandLine) {
         note->setObjectName("lblDemoData");
         statusBar()->addPermanentWidget(note);
     }
-    bool opened = false;
-    if (FileExists(state_.CurrentFile)) {
-        opened = RunCommand(state_, "Opening " + state_.CurrentFile, [this] { OpenWorkFile(); });
-    }
+    bool opened =
+        RunCommand(state_, "Opening " + state_.CurrentFile, [this] { flow_.OpenStartFile(); });
     if (!opened) flow_.NewPage();
     if (!state_.PendingReset) RefreshUI(true);
     Guard("Opening a recovered page", [this] { flow_.OfferRecoveredPages(); });

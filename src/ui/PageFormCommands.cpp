@@ -25,6 +25,7 @@
 #include "model/PageObject.h"
 #include "model/PageObjectClass.h"
 #include "model/PageObjectClasses.h"
+#include "persist/BinaryFile.h"
 #include "persist/Folders.h"
 #include "persist/XMLOutPage.h"
 #include "ui/EditorDialogs.h"

@@ -9,6 +9,7 @@
 #include "editor/DocumentFlow.h"
 #include "editor/EditorFixture.h"
 #include "editor/RecoveryStore.h"
+#include "model/PageClass.h"
 #include "persist/FileIO_Page.h"
 #include "support/RecordingMessages.h"
 #include "support/TempDir.h"
@@ -157,6 +158,32 @@ TEST_F(DocumentFlowTest, NewOpenAndClose) {
     flow.Closing();
     EXPECT_EQ(messages.shown.size(), before + 1);
     EXPECT_FALSE(test::ReadAll(dir / "Nothing.pag").size() > 0);
+}
+
+// Two editors on one page: the later save must not silently undo the earlier one.
+TEST_F(DocumentFlowTest, SavingOverAFileChangedByAnotherProgramAsksFirst) {
+    const std::string file = dir / "A.pag";
+    ASSERT_TRUE(SavePage(file, *fx.state.Page));
+    fx.state.CurrentFile = file;
+    flow.OpenWorkFile();
+    dir.Write("A.pag", "another editor's page");
+    fx.state.Page->SetDescription("Mine");
+    messages.Script({MsgAnswer::No, MsgAnswer::Yes});
+    EXPECT_FALSE(flow.Save());
+    EXPECT_EQ(test::ReadAll(file), "another editor's page");
+    EXPECT_TRUE(fx.state.UpdatePageChanged());
+    EXPECT_TRUE(flow.Save());
+    EXPECT_EQ(ReadPage(file, -1, true)->Description(), "Mine");
+    fx.state.Page->SetDescription("Mine again");
+    EXPECT_TRUE(flow.Save());  // our own save is no reason to ask
+    ASSERT_EQ(messages.shown.size(), 2u);
+    EXPECT_EQ(messages.shown[0].text, file +
+                                          "\r\n\r\nThis file has been changed by another program "
+                                          "since it was opened or last saved. Do you want to "
+                                          "overwrite it?");
+    EXPECT_EQ(messages.shown[0].title, "File Changed");
+    EXPECT_EQ(messages.shown[0].buttons, MsgButtons::YesNo);
+    EXPECT_EQ(messages.shown[0].icon, MsgIcon::Exclamation);
 }
 
 }  // namespace

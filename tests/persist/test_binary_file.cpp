@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "core/RuntimeError.h"
 #include "persist/BinaryFile.h"
@@ -49,6 +50,13 @@ TEST(BinaryFile, OpeningForReadingRefusesFoldersAndMissingFiles) {
     EXPECT_FALSE(FileExists(dir.Folder()));
     EXPECT_FALSE(FileExists(dir / "missing.dat"));
     EXPECT_TRUE(FileExists(dir.Write("here.dat", "x")));
+    // A pipe would block its reader or writer forever; a device holds no records either.
+    ASSERT_EQ(mkfifo((dir / "pipe").c_str(), 0600), 0);
+    for (const std::string& path : {dir / "pipe", std::string("/dev/null")}) {
+        for (FileKind kind : {FileKind::Read, FileKind::Write, FileKind::Append, FileKind::Random})
+            EXPECT_EQ(ErrorOpening(path, kind), kBadFileName) << path << int(kind);
+        EXPECT_FALSE(FileExists(path));
+    }
 }
 
 }  // namespace

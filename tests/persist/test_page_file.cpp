@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <cstring>
 #include <filesystem>
@@ -329,11 +330,28 @@ TEST(PageFile, FailedSaveKeepsTheOldFileAndLeavesNoTemporary) {
     std::filesystem::create_directory(dir / "folder.pag");
     EXPECT_FALSE(SavePage(dir / "folder.pag", SamplePage()));
 
+    // Read-only is the user's word that the file stays as it is, though the folder allows it.
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+    messages.shown.clear();
+    EXPECT_FALSE(SavePage(file, SamplePage()));
+    EXPECT_EQ(messages.shown.at(0).text,
+              "Error whilst attempting to save page " + file + "\r\n\r\nPermission denied");
+    EXPECT_EQ(test::ReadAll(file), "old contents");
+    std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+
     messages.shown.clear();
     ASSERT_TRUE(SavePage(file, SamplePage()));  // an existing file is replaced
     EXPECT_EQ(test::ReadAll(file), SamplePageBytes());
     EXPECT_EQ(FilesIn(dir), 1u);
     EXPECT_TRUE(messages.shown.empty());
+
+    // A pipe is neither read, which would wait forever, nor replaced.
+    std::string pipe = dir / "pipe.pag";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(ReadPage(pipe, -1, true), nullptr);
+    EXPECT_FALSE(SavePage(pipe, SamplePage()));
+    EXPECT_EQ(messages.shown.at(0).text, kReadPhrase + pipe + "\r\n\r\nBad file name");
+    EXPECT_EQ(messages.shown.at(1).title, "Save Error");
 }
 
 // Version 3: bytes 204.. hold the flag bytes, Zodiac, a 238-byte reserved text, then the

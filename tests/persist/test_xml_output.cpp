@@ -48,10 +48,3 @@ TEST(XMLOutput, NameStackGrowsInStepsOfTenKeepingNames) {
     EXPECT_NE(text.find(std::string(40, ' ') + "</E21>\r\n"), std::string::npos);
     EXPECT_TRUE(text.ends_with("  </E2>\r\n</E1>\r\n"));
 }
-
-TEST(XMLOutput, UnopenableFileFailsToOpen) {
-    test::TempDir dir;
-    XMLOutput x;
-    EXPECT_FALSE(x.OpenXML(dir / "missing-folder/a.xml"));
-    EXPECT_FALSE(x.CloseXML());
-}

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QImage>
 #include <QImageReader>
@@ -115,6 +116,12 @@ TEST_F(PictureTest, PicturePixelsAreStretchedOntoWhite) {
     EXPECT_EQ(image.pixelColor(15, 15), QColor(0, 0, 255));
     EXPECT_EQ(image.pixelColor(45, 25), QColor(255, 255, 255));
     EXPECT_EQ(image.pixelColor(55, 15), QColor(192, 192, 192));
+}
+
+TEST_F(PictureTest, PipeInPlaceOfAPictureIsNeverRead) {
+    std::string pipe = folders.Dir() / "pipe.png";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_TRUE(ReadPicture(pipe).isNull());
 }
 
 TEST_F(PictureTest, GraphicObjectShowsItsPictureOrFallsBackToItsOutline) {

@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <cstdlib>
+#include <filesystem>
 #include <sstream>
 
 #include "support/RecordingMessages.h"
@@ -86,7 +87,12 @@ TEST(RenderCommand, UsageErrorsAndFailures) {
     test::RecordingMessages messages;
     EXPECT_EQ(RunRender(dir, {dir / "none.pag", "-o", out}).status, 1);
     EXPECT_EQ(RunRender(dir, {kSamplePage, "-o", dir / "no/such/folder.png"}).status, 1);
-    ASSERT_EQ(messages.shown.size(), 2u);
+    // Saved as pages are: an image that cannot be replaced keeps every byte.
+    std::string kept = dir.Write("kept.png", "old");
+    std::filesystem::permissions(kept, std::filesystem::perms::owner_read);
+    EXPECT_EQ(RunRender(dir, {kSamplePage, "-o", kept}).status, 1);
+    EXPECT_EQ(test::ReadAll(kept), "old");
+    ASSERT_EQ(messages.shown.size(), 3u);
     EXPECT_EQ(messages.shown[0].title, "Open Error");
     EXPECT_EQ(messages.shown[1].text.rfind("Error whilst writing the image ", 0), 0u);
 }

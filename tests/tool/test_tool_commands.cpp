@@ -3,6 +3,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <filesystem>
+#include <fstream>
 #include <set>
 #include <sstream>
 
@@ -116,6 +118,24 @@ TEST(ToolPages, XmlWritesBesideThePageOrToOut) {
     EXPECT_EQ(WithSample({"xml", page, "-o", dir / "no/such/out.xml"}).status, kExitFailure);
     ASSERT_EQ(messages.shown.size(), 1u);
     EXPECT_EQ(messages.shown[0].title, "File Write Error");
+    // Written as pages are saved: a file that cannot be replaced keeps every byte.
+    std::filesystem::permissions(dir / "out.txt", std::filesystem::perms::owner_read);
+    EXPECT_EQ(WithSample({"xml", page, "-o", dir / "out.txt"}).status, kExitFailure);
+    EXPECT_EQ(test::ReadAll(dir / "out.txt"), xml);
+}
+
+TEST(ToolOutput, StandardOutputThatCannotBeWrittenIsAFailure) {
+    test::TempDir dir;
+    std::string page = SavedPage(dir, "Natal.pag", {Obj(1, "Natal", "")});
+    for (auto args :
+         std::vector<std::vector<std::string>>{{"--version"}, {"classes"}, {"dump", page}}) {
+        args.insert(args.begin(), {"--data", kSampleSystem});
+        std::ofstream full("/dev/full");
+        std::ostringstream err;
+        EXPECT_EQ(RunTool(args, full, err), kExitFailure) << args.back();
+        EXPECT_EQ(err.str(),
+                  "paginox-tool: cannot write to standard output: No space left on device\n");
+    }
 }
 
 TEST(ToolPages, ConvertSavesAnyVersionAsFour) {
