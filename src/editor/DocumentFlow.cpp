@@ -33,11 +33,12 @@ void DocumentFlow::SaveChangesPrompt(bool& cancel) {
         host_.ShowSaveAsDialog(fileName, cancel);
         if (!cancel) {
             state_.CurrentFile = fileName;
-            Save();
+            // A save that failed leaves the page open: what follows would drop it.
+            cancel = !Save();
         }
         return;
     }
-    Save();
+    cancel = !Save();
 }
 
 void DocumentFlow::NewPage() {

@@ -39,7 +39,8 @@ class DocumentFlow {
     DocumentFlow(EditorState& state, DocumentHost& host) : state_(state), host_(host) {}
 
     // Asks to save changes, if there are any. Cancel sets cancel; Yes saves (asking for a
-    // name when the page has none; cancelling that dialog also sets cancel).
+    // name when the page has none; cancelling that dialog, or a save that fails, also sets
+    // cancel, so that New and Open never drop changes that could not be written).
     void SaveChangesPrompt(bool& cancel);
 
     // A new page; finished now when a window is active, else on the next activation.

@@ -278,3 +278,21 @@ TEST_F(DocumentFlowTest, AFailedCommandPutsThePageBackAndSaysWhat) {
 
 }  // namespace
 }  // namespace paginox
+
+namespace paginox {
+namespace {
+
+TEST_F(DocumentFlowTest, NewAndOpenKeepThePageWhenItsSaveFails) {
+    Change();
+    fx.state.CurrentFile = dir / "no/such/folder/page.pag";
+    auto page = fx.state.Page;
+    messages.Script({MsgAnswer::Yes, MsgAnswer::Ok, MsgAnswer::Yes, MsgAnswer::Ok});
+    flow.FileNew();
+    flow.FileOpen();
+    EXPECT_EQ(fx.state.Page, page);
+    EXPECT_TRUE(host.dialogs.empty());  // Open never asked for a file
+    EXPECT_EQ(messages.shown[1].title, "Save Error");
+}
+
+}  // namespace
+}  // namespace paginox
