@@ -18,7 +18,7 @@ inline std::string GoldenPath(const std::string& name) {
 }
 
 // The lines of the file without its notes; with a section, only the lines after "== section"
-// up to the next "==" line.
+// up to the next "==" line, less the blank lines that end it.
 inline std::vector<std::string> GoldenLines(const std::string& name,
                                             const std::string& section = "") {
     std::istringstream in(ReadAll(GoldenPath(name)));
@@ -34,6 +34,7 @@ inline std::vector<std::string> GoldenLines(const std::string& name,
         }
     }
     EXPECT_TRUE(found) << name << " has no section " << section;
+    while (!section.empty() && !lines.empty() && lines.back().empty()) lines.pop_back();
     return lines;
 }
 
