@@ -20,7 +20,8 @@ TEST(Properties, DefaultIndicesAreFilledInAndVisibleToTheCaller) {
                                              {kPropPageNumCharts, 3.0, 0, 0}}) {
         int16_t f = 0, o = 0;
         SetProperty(fx.state, id, value, f, o, 1);
-        EXPECT_EQ(f * 10 + o, format * 10 + object) << id;
+        EXPECT_EQ(f, format) << id;
+        EXPECT_EQ(o, object) << id;
     }
     EXPECT_EQ(fx.Object(2).Origin(1), 0.25f);
     EXPECT_EQ(fx.state.CurrentFormat->Margin(1, 1), 0.1f);
@@ -97,7 +98,8 @@ TEST(Properties, ConversionsAndIdsOutOfRange) {
     set(kPropTextLines, std::string(" 12 "));
     set(kPropHorzBlocks, 2.5);
     set(kPropUserCaption, 0.5f);
-    EXPECT_EQ(fx.Object(1).TextLines() * 10 + fx.Object(1).HorzBlocks(), 122);
+    EXPECT_EQ(fx.Object(1).TextLines(), 12);
+    EXPECT_EQ(fx.Object(1).HorzBlocks(), 2);
     EXPECT_EQ(fx.Object(1).UserCaption(), "0.5");
 
     // Ids beyond 36 change nothing, whatever the value.

@@ -36,7 +36,8 @@ TEST(UndoManager, EmptyBlocksAndTheOrderOfChanges) {
     Recorder rec;
     UndoManager m = rec.Manager();
     EXPECT_FALSE(m.CanUndo() || m.CanRedo());
-    EXPECT_EQ(m.UndoCapacity() * 100 + m.RedoCapacity(), 2010);
+    EXPECT_EQ(m.UndoCapacity(), 20);
+    EXPECT_EQ(m.RedoCapacity(), 10);
     m.BeginRestoreBlock();
     EXPECT_TRUE(m.InRestoreBlock());
     m.EndRestoreBlock();  // nothing in it: no trace, no menu update

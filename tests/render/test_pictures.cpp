@@ -124,12 +124,12 @@ TEST_F(PictureTest, GraphicObjectShowsItsPictureOrFallsBackToItsOutline) {
     auto draw = [&](bool pictures = true) {
         RecordingSurface s;
         DrawFormat(s, nullptr, 1, format, true, false, pictures);
-        return s.Matching("Image").size() * 100 +
-               s.Matching("Box (243,182)-(556,417)").size() * 10 +
-               s.Matching("Print 'Picture'").size();
+        return std::to_string(s.Matching("Image").size()) + " picture, " +
+               std::to_string(s.Matching("Box (243,182)-(556,417)").size()) + " outline, " +
+               std::to_string(s.Matching("Print 'Picture'").size()) + " name";
     };
     obj->SetGenericFile(Save("logo.png", "PNG"));
-    EXPECT_EQ(draw(), 100u);  // the picture alone
+    EXPECT_EQ(draw(), "1 picture, 0 outline, 0 name");
     // A picture named without a folder is looked for beside the page being drawn, then in
     // the pages folder.
     obj->SetGenericFile("logo.png");
@@ -139,9 +139,9 @@ TEST_F(PictureTest, GraphicObjectShowsItsPictureOrFallsBackToItsOutline) {
             fs::copy_file(folders.Dir() / "logo.png", AppFolders().Path(kPagesFolder) + "logo.png");
         }
         ScopedPictureFolder beside(folder);
-        EXPECT_EQ(draw(), 100u) << folder;
+        EXPECT_EQ(draw(), "1 picture, 0 outline, 0 name") << folder;
     }
-    EXPECT_EQ(draw(false), 11u);  // without pictures: the outline and the name
+    EXPECT_EQ(draw(false), "0 picture, 1 outline, 1 name");
     obj->SetGenericFile(folders.Dir() / "deleted.png");
-    EXPECT_EQ(draw(), 11u);
+    EXPECT_EQ(draw(), "0 picture, 1 outline, 1 name");
 }
