@@ -4,17 +4,7 @@
 #include "persist/BinaryFile.h"
 #include "support/TempDir.h"
 
-namespace paginox {
-namespace {
-
-int ErrorOpening(const std::string& path, FileKind kind) {
-    try {
-        BinaryFile f(path, kind);
-    } catch (const RuntimeError& e) {
-        return e.Number();
-    }
-    return 0;
-}
+using namespace paginox;
 
 TEST(BinaryFile, LengthFollowsWritesThoughItIsRemembered) {
     test::TempDir dir;
@@ -42,14 +32,18 @@ TEST(BinaryFile, LengthFollowsWritesThoughItIsRemembered) {
 
 TEST(BinaryFile, OpeningForReadingRefusesFoldersAndMissingFiles) {
     test::TempDir dir;
-    EXPECT_EQ(ErrorOpening(dir.Folder(), FileKind::Read), kPathFileAccessError);
-    EXPECT_EQ(ErrorOpening(dir.Folder(), FileKind::Write), kPathFileAccessError);
-    EXPECT_EQ(ErrorOpening(dir / "missing.dat", FileKind::Read), kFileNotFound);
-    EXPECT_EQ(ErrorOpening(dir / "no/missing.dat", FileKind::Read), kPathNotFound);
-    EXPECT_FALSE(FileExists(dir.Folder()));
-    EXPECT_FALSE(FileExists(dir / "missing.dat"));
+    auto error = [](const std::string& path, FileKind kind) {
+        try {
+            BinaryFile f(path, kind);
+        } catch (const RuntimeError& e) {
+            return e.Number();
+        }
+        return 0;
+    };
+    EXPECT_EQ(error(dir.Folder(), FileKind::Read), kPathFileAccessError);
+    EXPECT_EQ(error(dir.Folder(), FileKind::Write), kPathFileAccessError);
+    EXPECT_EQ(error(dir / "missing.dat", FileKind::Read), kFileNotFound);
+    EXPECT_EQ(error(dir / "no/missing.dat", FileKind::Read), kPathNotFound);
+    EXPECT_FALSE(FileExists(dir.Folder()) || FileExists(dir / "missing.dat"));
     EXPECT_TRUE(FileExists(dir.Write("here.dat", "x")));
 }
-
-}  // namespace
-}  // namespace paginox

@@ -9,13 +9,14 @@ TEST(XMLOutput, IndentsTwoSpacesPerOpenElementWithCrLf) {
     test::TempDir dir;
     XMLOutput x;
     ASSERT_TRUE(x.OpenXML(dir / "a.xml"));
+    x.CloseNode();  // at depth 0: nothing
     x.OpenNode("Root");
     x.WriteNumber("N", -3, "0");
     x.WriteSingle("F", 0.5f, "#.##");
     x.WriteBoolean("B", false);
-    x.WriteString("Empty", "");              // skipped
-    x.WriteString("Kept", "", true);         // written on request
-    x.WriteString("Raw", "a & <b>");         // never escaped
+    x.WriteString("Empty", "");       // skipped
+    x.WriteString("Kept", "", true);  // written on request
+    x.WriteString("Raw", "a & <b>");  // never escaped
     x.OpenNode("Inner");
     x.CloseNode();
     x.CloseNode();
@@ -25,15 +26,16 @@ TEST(XMLOutput, IndentsTwoSpacesPerOpenElementWithCrLf) {
               "  <Raw>a & <b></Raw>\r\n  <Inner>\r\n  </Inner>\r\n</Root>\r\n");
 }
 
-TEST(XMLOutput, UnbalancedTreeIsReportedOnCloseAndExtraClosesAreIgnored) {
+TEST(XMLOutput, UnbalancedTreeOrUnopenableFileIsReportedOnClose) {
     test::TempDir dir;
     XMLOutput x;
     ASSERT_TRUE(x.OpenXML(dir / "a.xml"));
-    x.CloseNode();  // at depth 0: nothing
     x.OpenNode("Root");
     EXPECT_FALSE(x.CloseXML());
     EXPECT_EQ(test::ReadAll(dir / "a.xml"), "<Root>\r\n");
     EXPECT_FALSE(x.CloseXML());  // nothing open any more
+    EXPECT_FALSE(x.OpenXML(dir / "missing-folder/a.xml"));
+    EXPECT_FALSE(x.CloseXML());
 }
 
 TEST(XMLOutput, NameStackGrowsInStepsOfTenKeepingNames) {
@@ -47,11 +49,4 @@ TEST(XMLOutput, NameStackGrowsInStepsOfTenKeepingNames) {
     std::string text = test::ReadAll(dir / "deep.xml");
     EXPECT_NE(text.find(std::string(40, ' ') + "</E21>\r\n"), std::string::npos);
     EXPECT_TRUE(text.ends_with("  </E2>\r\n</E1>\r\n"));
-}
-
-TEST(XMLOutput, UnopenableFileFailsToOpen) {
-    test::TempDir dir;
-    XMLOutput x;
-    EXPECT_FALSE(x.OpenXML(dir / "missing-folder/a.xml"));
-    EXPECT_FALSE(x.CloseXML());
 }
