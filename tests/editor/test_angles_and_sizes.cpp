@@ -4,7 +4,8 @@
 #include "editor/PageSizes.h"
 #include "model/PageFormat.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
 TEST(AngleParser, TheFormsAUserTypes) {
@@ -56,4 +57,3 @@ TEST(PageSizes, NewPageFormatFollowsTheScreen) {
 }
 
 }  // namespace
-}  // namespace paginox

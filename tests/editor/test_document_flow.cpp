@@ -9,7 +9,8 @@
 #include "support/RecordingMessages.h"
 #include "support/TempDir.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
 // A window whose dialogs answer from a script: a path, or nothing for Cancel.
@@ -144,4 +145,3 @@ TEST_F(DocumentFlowTest, NewOpenAndClose) {
 }
 
 }  // namespace
-}  // namespace paginox

@@ -4,7 +4,8 @@
 #include "editor/FileRoutines.h"
 #include "support/RecordingMessages.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
 TEST(FileErrors, MessagesAndTheCodesTheirButtonsGive) {
@@ -44,4 +45,3 @@ TEST(FileErrors, ClassicFiltersBecomeQtFilters) {
 }
 
 }  // namespace
-}  // namespace paginox

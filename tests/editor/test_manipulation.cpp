@@ -6,7 +6,8 @@
 #include "editor/UndoManager.h"
 #include "render/SelectionMarkSet.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
 TEST(Manipulation, HitTestFromTheTopObjectDownAndMarksWithinThreePixels) {
@@ -87,4 +88,3 @@ TEST(Manipulation, CommittingADragSetsFractionsOfTheMargin) {
 }
 
 }  // namespace
-}  // namespace paginox

@@ -5,7 +5,8 @@
 #include "editor/ObjectCommands.h"
 #include "support/RecordingMessages.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
 TEST(InsertList, GroupedInOrderWithHeadings) {
@@ -75,4 +76,3 @@ TEST(ObjectCommands, CopyDeleteAndOrder) {
 }
 
 }  // namespace
-}  // namespace paginox

@@ -6,7 +6,8 @@
 #include "persist/PageText.h"
 #include "support/Golden.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
 using test::ErrorOf;
@@ -115,4 +116,3 @@ TEST(Properties, ConversionsAndIdsOutOfRange) {
 }
 
 }  // namespace
-}  // namespace paginox

@@ -7,7 +7,8 @@
 #include "editor/PropertyRows.h"
 #include "support/Golden.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
 // The rows as the list offers them: label, the value shown, what the row accepts, its help.
@@ -90,4 +91,3 @@ TEST(PropertyRows, ValuesAreCheckedBeforeAnythingIsStored) {
 }
 
 }  // namespace
-}  // namespace paginox

@@ -7,7 +7,8 @@
 #include "editor/EditorFixture.h"
 #include "editor/UndoManager.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
 using Calls = std::vector<std::string>;
@@ -119,4 +120,3 @@ TEST(UndoManager, EditStepsRestoreThePageThroughSetProperty) {
 }
 
 }  // namespace
-}  // namespace paginox

@@ -15,7 +15,8 @@
 #include "ui/PropertyPanel.h"
 #include "ui/StartUp.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
 using test::PageFormFixture;
@@ -346,4 +347,3 @@ TEST(StartUp, SecondCopyQuestion) {
 }
 
 }  // namespace
-}  // namespace paginox
