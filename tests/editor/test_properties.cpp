@@ -38,44 +38,17 @@ TEST(Properties, EveryIdentifierReachesItsMember) {
     fx.state.SelectedObject = 1;
     // Identifier, index within the member, value; editor/every_property.txt shows where each
     // value landed.
+    auto text = [](const char* t) { return PropertyValue(std::string(t)); };
+    // clang-format off
     const std::vector<std::tuple<int32_t, int16_t, PropertyValue>> cases = {
-        {0, 0, std::string("D")},
-        {1, 0, std::string("L")},
-        {2, 0, 3},
-        {3, 2, std::string("Top")},
-        {4, 0, 0.5},
-        {5, 0, 0.6},
-        {6, 4, 0.2},
-        {7, 0, 1024},
-        {8, 0, 700},
-        {9, 0, 120},
-        {10, 0, true},
-        {11, 0, 2},
-        {12, 0, 2},
-        {13, 2, 0.1},
-        {14, 1, 0.7},
-        {15, 0, 2},
-        {16, 0, true},
-        {17, 0, 30},
-        {18, 0, 3},
-        {19, 0, 1.5},
-        {20, 0, 2},
-        {21, 5, 200},
-        {22, 0, 2},
-        {23, 0, 45.0},
-        {24, 0, 8.0},
-        {25, 0, 11.0},
-        {26, 0, std::string("True")},
-        {27, 0, false},
-        {28, 0, std::string("Cap")},
-        {29, 0, -1},
-        {30, 0, 2},
-        {31, 0, 1},
-        {32, 0, std::string("W")},
-        {33, 0, std::string("G")},
-        {34, 0, std::string("A")},
-        {35, 3, 7},
-        {36, 5, std::string("P")}};
+        {0, 0, text("D")}, {1, 0, text("L")}, {2, 0, 3}, {3, 2, text("Top")}, {4, 0, 0.5},
+        {5, 0, 0.6}, {6, 4, 0.2}, {7, 0, 1024}, {8, 0, 700}, {9, 0, 120}, {10, 0, true},
+        {11, 0, 2}, {12, 0, 2}, {13, 2, 0.1}, {14, 1, 0.7}, {15, 0, 2}, {16, 0, true}, {17, 0, 30},
+        {18, 0, 3}, {19, 0, 1.5}, {20, 0, 2}, {21, 5, 200}, {22, 0, 2}, {23, 0, 45.0}, {24, 0, 8.0},
+        {25, 0, 11.0}, {26, 0, text("True")}, {27, 0, false}, {28, 0, text("Cap")}, {29, 0, -1},
+        {30, 0, 2}, {31, 0, 1}, {32, 0, text("W")}, {33, 0, text("G")}, {34, 0, text("A")},
+        {35, 3, 7}, {36, 5, text("P")}};
+    // clang-format on
     for (const auto& [id, sub, value] : cases) {
         int16_t f = 0, o = 0;
         SetProperty(fx.state, id, value, f, o, sub);

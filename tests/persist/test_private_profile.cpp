@@ -17,15 +17,13 @@ namespace {
 // Scenarios whose recorded final bytes went through the reference's whole-file rewrite. The
 // last one is not in its notes, but its second write re-spelt the untouched "a=padded  "
 // line that a single write leaves as it is (write_value_with_spaces_single_write).
-const std::set<std::string> kRewritten = {"blank_lines_in_existing_file",
-                                          "spaces_around_equals_and_section_name",
-                                          "comment_lines",
-                                          "lf_line_endings",
-                                          "cr_only_line_endings",
-                                          "no_trailing_newline",
-                                          "no_trailing_newline_new_section",
-                                          "section_header_with_trailing_text",
-                                          "write_value_with_leading_trailing_spaces"};
+// clang-format off
+const std::set<std::string> kRewritten = {
+    "blank_lines_in_existing_file", "spaces_around_equals_and_section_name", "comment_lines",
+    "lf_line_endings", "cr_only_line_endings", "no_trailing_newline",
+    "no_trailing_newline_new_section", "section_header_with_trailing_text",
+    "write_value_with_leading_trailing_spaces"};
+// clang-format on
 
 // A string of the vectors as the bytes it stands for (its \u00XX escapes are single bytes).
 std::string Bytes(const QJsonValue& v) {
