@@ -5,14 +5,9 @@
 using namespace paginox;
 using namespace std::string_literals;
 
-TEST(AnsiText, FixLengthCutsOrPadsWithSpaces) {
-    EXPECT_EQ(FixLength("abc", 5), "abc  ");
-    EXPECT_EQ(FixLength("abcdef", 5), "abcde");
-    EXPECT_EQ(FixLength("", 3), "   ");
+TEST(AnsiText, FixLengthCutsOrPadsAndTrimRemovesOnlySpaces) {
+    EXPECT_EQ(FixLength("abc", 5) + FixLength("abcdef", 5) + FixLength("", 3), "abc  abcde   ");
     EXPECT_EQ(FixLength("abc", 0), "");
-}
-
-TEST(AnsiText, TrimRemovesOnlySpaces) {
     EXPECT_EQ(Trim("  a b  "), "a b");
     EXPECT_EQ(Trim("\ta\t"), "\ta\t");
     EXPECT_EQ(LTrim("  a "), "a ");
@@ -38,16 +33,13 @@ TEST(AnsiText, TrimFixedCutsAtTheFirstNul) {
     EXPECT_EQ(TrimFixed(""), "");
 }
 
-TEST(AnsiText, Windows1252RoundTripsThroughUtf8) {
+TEST(AnsiText, Windows1252RoundTripsThroughUtf8AndUnmappableCharactersBecomeQuestionMarks) {
     std::string all;
     for (int c = 1; c < 256; ++c) all += char(c);
     EXPECT_EQ(Utf8ToCp1252(Cp1252ToUtf8(all)), all);
     EXPECT_EQ(Cp1252ToUtf8("\xB0"), "\u00B0");  // degree mark
     EXPECT_EQ(Cp1252ToUtf8("\x80"), "\u20AC");  // euro sign
     EXPECT_EQ(Utf8ToCp1252("\u2019"), "\x92");
-}
-
-TEST(AnsiText, UnmappableCharactersBecomeQuestionMarks) {
     EXPECT_EQ(Utf8ToCp1252("a\u263Ab"), "a?b");  // no Windows-1252 byte for it
     EXPECT_EQ(Utf8ToCp1252("\xFF\xFE"), "??");   // invalid UTF-8
     EXPECT_EQ(Utf8ToCp1252("\xC3"), "?");        // truncated sequence

@@ -4,21 +4,21 @@
 #include "editor/PageSizes.h"
 #include "model/PageFormat.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
 TEST(AngleParser, TheFormsAUserTypes) {
-    EXPECT_DOUBLE_EQ(*ParseAngle("22.5"), 22.5);
-    EXPECT_DOUBLE_EQ(*ParseAngle("10 11'59\""), 10 + 11 / 60.0 + 59 / 3600.0);
-    EXPECT_DOUBLE_EQ(*ParseAngle("10\xB0"
-                                 "30\xB4"),
-                     10.5);  // degree and acute marks
-    EXPECT_DOUBLE_EQ(*ParseAngle("16Ar25"), 16 + 25 / 60.0);
-    EXPECT_DOUBLE_EQ(*ParseAngle("27 PISCES"), 357);
-    EXPECT_DOUBLE_EQ(*ParseAngle("0 Cn 12'30\""), 90 + 12.5 / 60);
-    EXPECT_DOUBLE_EQ(*ParseAngle("5 sag"), 245);
-    EXPECT_DOUBLE_EQ(*ParseAngle("45\xB0"), 45);
-
+    // Degree and acute marks, sign abbreviations and names, minutes and seconds.
+    // clang-format off
+    for (auto [text, degrees] : {std::pair{"22.5", 22.5},
+             {"10 11'59\"", 10 + 11 / 60.0 + 59 / 3600.0}, {"10\xB0" "30\xB4", 10.5},
+             {"16Ar25", 16 + 25 / 60.0}, {"27 PISCES", 357.0}, {"0 Cn 12'30\"", 90 + 12.5 / 60},
+             {"5 sag", 245.0}, {"45\xB0", 45.0}}) {
+        // clang-format on
+        ASSERT_TRUE(ParseAngle(text).has_value()) << text;
+        EXPECT_DOUBLE_EQ(*ParseAngle(text), degrees) << text;
+    }
     for (const char* bad :
          {"", "abc", "30Ar", "10 60", "10 Ca", "1.5 30", "10 11'59\" x", "--1", "10 '"}) {
         EXPECT_FALSE(ParseAngle(bad).has_value()) << bad;
@@ -56,4 +56,3 @@ TEST(PageSizes, NewPageFormatFollowsTheScreen) {
 }
 
 }  // namespace
-}  // namespace paginox

@@ -3,7 +3,8 @@
 #include "editor/CommandLine.h"
 #include "editor/FileRoutines.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
 TEST(CommandLine, SwitchesAreCutOutAndTheRestIsTheFileName) {
@@ -48,4 +49,3 @@ TEST(ShortPath, LongPathsKeepTheirStartAndFileName) {
 }
 
 }  // namespace
-}  // namespace paginox

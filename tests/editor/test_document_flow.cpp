@@ -14,34 +14,28 @@
 #include "support/RecordingMessages.h"
 #include "support/TempDir.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
 // A window whose dialogs answer from a script: a path, or nothing for Cancel.
 struct FakeHost : DocumentHost {
     std::deque<std::optional<std::string>> answers;
     std::vector<std::string> dialogs;
-    int formatLists = 0;
-    int refreshes = 0;
-    int replaced = 0;
+    int formatLists = 0, replaced = 0;
     bool active = true;
 
-    void Answer(std::string& fileName, bool& cancelled) {
+    void Answer(const char* kind, std::string& fileName, bool& cancelled) {
+        dialogs.push_back(kind + fileName);
         std::optional<std::string> a = answers.empty() ? std::nullopt : answers.front();
         if (!answers.empty()) answers.pop_front();
         cancelled = !a;
         if (a) fileName = *a;
     }
-    void ShowOpenDialog(std::string& f, bool& c) override {
-        dialogs.push_back("open:" + f);
-        Answer(f, c);
-    }
-    void ShowSaveAsDialog(std::string& f, bool& c) override {
-        dialogs.push_back("save:" + f);
-        Answer(f, c);
-    }
+    void ShowOpenDialog(std::string& f, bool& c) override { Answer("open:", f, c); }
+    void ShowSaveAsDialog(std::string& f, bool& c) override { Answer("save:", f, c); }
     void InitFormatList() override { ++formatLists; }
-    void RefreshUI(bool) override { ++refreshes; }
+    void RefreshUI(bool) override {}
     bool WindowActive() override { return active; }
     int ScreenWidth() override { return 1024; }
     int ScreenHeight() override { return 768; }
@@ -57,34 +51,32 @@ struct DocumentFlowTest : ::testing::Test {
     DocumentFlow flow{fx.state, host};
 
     void Change() { fx.Object(1).SetFontSize(15); }
+    bool Prompt() {
+        bool cancel = false;
+        flow.SaveChangesPrompt(cancel);
+        return cancel;
+    }
 };
 
 TEST_F(DocumentFlowTest, SavePromptAnswers) {
-    bool cancel = true;
-    flow.SaveChangesPrompt(cancel);  // nothing changed: no question
-    EXPECT_FALSE(cancel);
+    EXPECT_FALSE(Prompt());  // nothing changed: no question
     EXPECT_TRUE(messages.shown.empty());
-
     Change();
     messages.Script({MsgAnswer::Cancel, MsgAnswer::No});
-    flow.SaveChangesPrompt(cancel);
-    EXPECT_TRUE(cancel);
-    EXPECT_EQ(messages.shown[0].text, "Changes have been made. Do you wish to save these changes?");
-    EXPECT_EQ(messages.shown[0].title, "Save Changes?");
+    EXPECT_TRUE(Prompt());
+    EXPECT_EQ(messages.Last(),
+              "Save Changes?: Changes have been made. Do you wish to save these changes?");
     EXPECT_EQ(messages.shown[0].buttons, MsgButtons::YesNoCancel);
     EXPECT_EQ(messages.shown[0].icon, MsgIcon::Exclamation);
-    flow.SaveChangesPrompt(cancel);
-    EXPECT_FALSE(cancel);
+    EXPECT_FALSE(Prompt());
     EXPECT_TRUE(fx.state.PageChanged);
 
     // Yes on a page without a name asks for one; cancelling that cancels the whole prompt.
     messages.Script({MsgAnswer::Yes, MsgAnswer::Yes});
     host.answers = {std::nullopt, dir / "Saved.pag"};
-    flow.SaveChangesPrompt(cancel);
-    EXPECT_TRUE(cancel);
+    EXPECT_TRUE(Prompt());
     EXPECT_TRUE(fx.state.CurrentFile.empty());
-    flow.SaveChangesPrompt(cancel);
-    EXPECT_FALSE(cancel);
+    EXPECT_FALSE(Prompt());
     EXPECT_EQ(fx.state.CurrentFile, dir / "Saved.pag");
     EXPECT_FALSE(fx.state.PageChanged);
     auto read = ReadPage(fx.state.CurrentFile, -1, true);
@@ -98,19 +90,16 @@ TEST_F(DocumentFlowTest, SavingAndSaveAs) {
     flow.FileSave();
     EXPECT_EQ(host.dialogs, (std::vector<std::string>{"save:"}));
     EXPECT_TRUE(fx.state.UpdatePageChanged());
-
     host.answers = {dir / "A.pag"};
     flow.FileSave();
     EXPECT_EQ(fx.state.CurrentFile, dir / "A.pag");
     EXPECT_FALSE(fx.state.UpdatePageChanged());
 
     // With a name, Save writes straight away; Save As starts from the current name.
-    Change();
     fx.Object(1).SetFontSize(20);
     flow.FileSave();
     EXPECT_EQ(host.dialogs.size(), 2u);
     EXPECT_EQ(ReadPage(dir / "A.pag", -1, true)->GetFormat(1)->Object(1)->FontSize(), 20.0f);
-    host.answers = {std::nullopt};
     flow.FileSaveAs();
     EXPECT_EQ(host.dialogs.back(), "save:" + (dir / "A.pag"));
 
@@ -127,9 +116,9 @@ TEST_F(DocumentFlowTest, NewOpenAndClose) {
     messages.Script({MsgAnswer::No});
     flow.FileNew();
     EXPECT_TRUE(fx.state.CurrentFile.empty());
-    EXPECT_EQ(fx.state.CurrentFormat->NumObjects(), 0);
-    EXPECT_EQ(fx.state.CurrentFormat->XPixels(), 1024 - 95);
-    EXPECT_EQ(fx.state.CurrentFormat->YPixels(), 768 - 19);
+    const PageFormat& f = *fx.state.CurrentFormat;
+    EXPECT_EQ(std::tuple(f.NumObjects(), f.XPixels(), f.YPixels()),
+              std::tuple(0, 1024 - 95, 768 - 19));
     EXPECT_FALSE(fx.state.UpdatePageChanged());
     EXPECT_EQ(host.replaced, 1);
     EXPECT_EQ(host.formatLists, 1);
@@ -157,7 +146,7 @@ TEST_F(DocumentFlowTest, NewOpenAndClose) {
     messages.Script({MsgAnswer::Cancel});
     flow.Closing();
     EXPECT_EQ(messages.shown.size(), before + 1);
-    EXPECT_FALSE(test::ReadAll(dir / "Nothing.pag").size() > 0);
+    EXPECT_TRUE(test::ReadAll(dir / "Nothing.pag").empty());
 }
 
 // Two editors on one page: the later save must not silently undo the earlier one.
@@ -185,12 +174,6 @@ TEST_F(DocumentFlowTest, SavingOverAFileChangedByAnotherProgramAsksFirst) {
     EXPECT_EQ(messages.shown[0].buttons, MsgButtons::YesNo);
     EXPECT_EQ(messages.shown[0].icon, MsgIcon::Exclamation);
 }
-
-}  // namespace
-}  // namespace paginox
-
-namespace paginox {
-namespace {
 
 struct RecoveryTest : DocumentFlowTest {
     RecoveryStore store{dir / "Recovery/"};
@@ -276,12 +259,6 @@ TEST_F(DocumentFlowTest, AFailedCommandPutsThePageBackAndSaysWhat) {
     EXPECT_TRUE(RunCommand(fx.state, "Nothing", [] {}));
 }
 
-}  // namespace
-}  // namespace paginox
-
-namespace paginox {
-namespace {
-
 TEST_F(DocumentFlowTest, NewAndOpenKeepThePageWhenItsSaveFails) {
     Change();
     fx.state.CurrentFile = dir / "no/such/folder/page.pag";
@@ -295,4 +272,3 @@ TEST_F(DocumentFlowTest, NewAndOpenKeepThePageWhenItsSaveFails) {
 }
 
 }  // namespace
-}  // namespace paginox

@@ -5,32 +5,27 @@
 #include "editor/ObjectCommands.h"
 #include "support/RecordingMessages.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
 TEST(InsertList, GroupedInOrderWithHeadings) {
     test::ScopedModelState model;
-    auto add = [&](const char* name, const char* group, int16_t order) {
+    for (auto [name, group, order] : {std::tuple{"Wheel B", "Wheels", 2},
+                                      {"List", "Lists", 1},
+                                      {"Wheel A", "Wheels", 1},  // same Order as List: after it
+                                      {"Hidden", "", 0},         // no group: never listed
+                                      {"Grid", "Lists", 3}}) {
         auto c = model.AddClass();
-        c->SetFullName(name);
-        c->SetGroup(group);
-        c->SetOrder(order);
-    };
-    add("Wheel B", "Wheels", 2);
-    add("List", "Lists", 1);
-    add("Wheel A", "Wheels", 1);  // same Order as List: stays after it
-    add("Hidden", "", 0);         // no group: never listed
-    add("Grid", "Lists", 3);
-    std::vector<std::string> texts;
-    std::vector<int16_t> tags;
+        c->SetFullName(name), c->SetGroup(group), c->SetOrder(int16_t(order));
+    }
+    std::string rows;
     for (const InsertRow& r : BuildInsertList(ObjectClasses())) {
-        texts.push_back(r.Text);
-        tags.push_back(r.Tag);
+        rows += std::to_string(r.Tag) + " " + r.Text + "|";
     }
     // Lists splits around the Wheels and gets a second heading.
-    EXPECT_EQ(texts, (std::vector<std::string>{"Lists:-", "    List", "Wheels:-", "    Wheel A",
-                                               "    Wheel B", "Lists:-", "    Grid"}));
-    EXPECT_EQ(tags, (std::vector<int16_t>{0, 2, 0, 3, 1, 0, 5}));
+    EXPECT_EQ(rows,
+              "0 Lists:-|2     List|0 Wheels:-|3     Wheel A|1     Wheel B|0 Lists:-|5     Grid|");
 }
 
 TEST(InsertList, InsertingRaisesThePageChartCount) {
@@ -53,18 +48,16 @@ TEST(ObjectCommands, CopyDeleteAndOrder) {
     fx.state.SelectedObject = 2;
     ASSERT_TRUE(CopySelectedObject(fx.state));
     EXPECT_EQ(fx.state.SelectedObject, 4);
-    EXPECT_EQ(fx.Object(4).Origin(1), 0.0f);
-    EXPECT_EQ(fx.Object(4).Origin(2), 0.0f);
+    EXPECT_EQ(fx.Object(4).Origin(1) + fx.Object(4).Origin(2), 0.0f);
     EXPECT_EQ(fx.Object(4).ObjectClassID(), fx.wheel->ClassID());
 
     EXPECT_FALSE(DeleteObject(fx.state, 5, false));
     EXPECT_EQ(messages.shown.back().text, "You must select an object before it can be deleted.");
-
     messages.Script({MsgAnswer::Cancel});
     EXPECT_FALSE(DeleteObject(fx.state, 4, true));
-    EXPECT_EQ(messages.shown.back().text,
-              "Do you wish to delete the currently selected object?\r\n\r\nObject 4: Bi-Wheel");
-    EXPECT_EQ(messages.shown.back().title, "Confirm deletion");
+    EXPECT_EQ(messages.Last(),
+              "Confirm deletion: Do you wish to delete the currently selected "
+              "object?\r\n\r\nObject 4: Bi-Wheel");
     EXPECT_EQ(fx.state.CurrentFormat->NumObjects(), 4);
 
     // With both wheels gone the page needs one chart only.
@@ -83,4 +76,3 @@ TEST(ObjectCommands, CopyDeleteAndOrder) {
 }
 
 }  // namespace
-}  // namespace paginox

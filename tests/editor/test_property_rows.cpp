@@ -1,117 +1,89 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <sstream>
 
 #include "editor/AngleParser.h"
 #include "editor/EditorFixture.h"
 #include "editor/PropertyRows.h"
+#include "support/Golden.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
-std::vector<std::string> Labels(const std::vector<PropertyRow>& rows) {
-    std::vector<std::string> labels;
-    for (const auto& r : rows) labels.push_back(r.Label);
-    return labels;
+// The rows as the list offers them: label, the value shown, what the row accepts, its help.
+std::string RowsText(const EditorState& state) {
+    const char* kinds[] = {"text", "number", "angle", "boolean", "choice", "file"};
+    std::ostringstream s;
+    for (const PropertyRow& r : BuildPropertyRows(state)) {
+        s << r.Label << " = '" << RowValueText(state, r) << "': " << kinds[int(r.Kind)];
+        if (r.Kind == RowKind::Number || r.Kind == RowKind::Angle) {
+            s << " " << r.Min << " to " << r.Max << (r.Whole ? " whole" : "");
+        }
+        if (r.MaxLength) s << " of " << r.MaxLength << " characters";
+        for (const auto& [code, text] : r.Choices)
+            s << (code == r.Choices[0].first ? " " : ", ") << text;
+        s << (r.Required ? ", required" : "") << "\n  " << r.Help << "\n";
+    }
+    return s.str();
 }
 
-const PropertyRow& Find(const std::vector<PropertyRow>& rows, const std::string& label) {
+const PropertyRow& Row(const std::vector<PropertyRow>& rows, const std::string& label) {
     auto it = std::find_if(rows.begin(), rows.end(), [&](auto& r) { return r.Label == label; });
     EXPECT_NE(it, rows.end()) << label;
     return *it;
 }
 
-TEST(PropertyRows, WhatThePageAndEachClassOffer) {
+TEST(PropertyRows, WhatThePageAndEachClassOfferAndShow) {
     test::EditorFixture fx;
     fx.state.Page->SetNumCharts(2);
-    EXPECT_EQ(Labels(BuildPropertyRows(fx.state)),
-              (std::vector<std::string>{"List Abbrev", "Chart 1 Desc", "Chart 2 Desc", "MarginLeft",
-                                        "MarginTop", "MarginRight", "MarginBottom"}));
-
+    EXPECT_EQ(RowsText(fx.state), test::GoldenText("editor/property_rows.txt", "page"));
     fx.state.SelectedObject = 1;  // text lines, angles, points file, title line
-    EXPECT_EQ(
-        Labels(BuildPropertyRows(fx.state)),
-        (std::vector<std::string>{"Anchor X", "Anchor Y", "Width", "Height", "Data Lines",
-                                  "Data Blocks", "Justification", "Reverse", "Title Line",
-                                  "Font Size", "Anchor Bottom", "Frame Type", "Chart 1", "Zodiac",
-                                  "Force Color", "Modulus", "Max Orb", "Points File 1"}));
-
-    fx.state.SelectedObject = 2;  // a two-chart wheel with points and aspects files
-    auto wheel = BuildPropertyRows(fx.state);
-    for (const char* label : {"Chart 2", "Wheel File", "Points File 2", "Aspects File"}) {
-        Find(wheel, label);
-    }
-    EXPECT_EQ(Find(wheel, "Points File 2").Help,
-              "Name of displayed points file (with no file extension) to be used by chart 2 in "
-              "this object. If left blank, then this chart will use the default displayed points "
-              "file. Limited to 80 characters. (Click on the > button to browse available points "
-              "files.)");
-
-    auto picture = fx.model.AddClass(512 + 65536);
-    fx.state.CurrentFormat->AddObject(picture->CreateInstance(nullptr));
-    fx.state.SelectedObject = 4;
-    auto rows = BuildPropertyRows(fx.state);
-    EXPECT_TRUE(Find(rows, "Graphic File").Required);
-    EXPECT_EQ(Find(rows, "Body Elements File").Help,
-              "Name of body elements file (with no file extension) to be used by this object.  "
-              "If left blank, then this object will use the default asteroid file. Limited to 80 "
-              "characters. (Click on the > button to browse available files.)");
-}
-
-TEST(PropertyRows, HelpTextsEndWithTheRangesTheRowsEnforce) {
-    test::EditorFixture fx;
-    fx.state.SelectedObject = 1;
-    auto rows = BuildPropertyRows(fx.state);
-    EXPECT_TRUE(Find(rows, "Data Lines").Help.ends_with("Must be between 1 and 100"));
-    EXPECT_TRUE(Find(rows, "Modulus")
-                    .Help.ends_with("This is ignored of the modulus column is not selected. Must "
-                                    "be in the range 1 to 360"));
-    EXPECT_TRUE(Find(rows, "Max Orb").Help.ends_with("Must be in the range 0 to 30"));
-    EXPECT_EQ(Find(rows, "Font Size").Help,
-              "Font size to be used for text in this object. Must be between 4 and 72");
-
-    // Values are checked before anything is stored.
-    EXPECT_TRUE(ParseRowInput(Find(rows, "Anchor X"), "1").Value);
-    auto bad = ParseRowInput(Find(rows, "Anchor X"), "1.01");
-    EXPECT_FALSE(bad.Value);
-    EXPECT_EQ(bad.Message, "Anchor X must be a number in the range 0 to 1.");
-    EXPECT_EQ(bad.Title, kInvalidValueTitle);
-    EXPECT_FALSE(ParseRowInput(Find(rows, "Anchor X"), "0.5cm").Value);
-    EXPECT_FALSE(ParseRowInput(Find(rows, "Data Lines"), "2.5").Value);
-    // Blocks cannot outnumber the object's lines (10).
-    EXPECT_TRUE(ParseRowInput(Find(rows, "Data Blocks"), "10").Value);
-    EXPECT_FALSE(ParseRowInput(Find(rows, "Data Blocks"), "11").Value);
-    EXPECT_EQ(*ParseRowInput(Find(rows, "Reverse"), "false").Value, PropertyValue(false));
-    EXPECT_EQ(*ParseRowInput(Find(rows, "Justification"), "2 = Centred").Value,
-              PropertyValue(int16_t(2)));
-
-    auto angle = ParseRowInput(Find(rows, "Modulus"), "16Ar25");
-    EXPECT_DOUBLE_EQ(std::get<double>(*angle.Value), 16 + 25 / 60.0);
-    auto notAngle = ParseRowInput(Find(rows, "Modulus"), "ninety");
-    EXPECT_EQ(notAngle.Title, kAngleErrorTitle);
-    EXPECT_EQ(notAngle.Message, AngleErrorText());
-    EXPECT_FALSE(ParseRowInput(Find(rows, "Max Orb"), "31").Value);
-
-    fx.state.SelectedObject = 0;
-    auto pageRows = BuildPropertyRows(fx.state);
-    EXPECT_FALSE(ParseRowInput(Find(pageRows, "MarginTop"), "0.41").Value);
-    EXPECT_FALSE(ParseRowInput(Find(pageRows, "List Abbrev"), "ABCDEF").Value);
-    EXPECT_TRUE(ParseRowInput(Find(pageRows, "List Abbrev"), "ABCDE").Value);
-}
-
-TEST(PropertyRows, ValuesAsTheListShowsThem) {
-    test::EditorFixture fx;
-    fx.state.SelectedObject = 1;
     fx.Object(1).SetTextBottomUp(-1);
     fx.Object(1).SetTextJustify(2);
     fx.Object(1).SetZodiac(7);  // not one of the choices: shown as it is
     fx.Object(1).SetOrigin(1, 0.3f);
+    EXPECT_EQ(RowsText(fx.state), test::GoldenText("editor/property_rows.txt", "point list"));
+    fx.state.SelectedObject = 2;  // a two-chart wheel with points and aspects files
+    EXPECT_EQ(RowsText(fx.state), test::GoldenText("editor/property_rows.txt", "bi-wheel"));
+    auto picture = fx.model.AddClass(512 + 65536);
+    fx.state.CurrentFormat->AddObject(picture->CreateInstance(nullptr));
+    fx.state.SelectedObject = 4;
+    EXPECT_EQ(RowsText(fx.state), test::GoldenText("editor/property_rows.txt", "picture"));
+}
+
+TEST(PropertyRows, ValuesAreCheckedBeforeAnythingIsStored) {
+    test::EditorFixture fx;
+    fx.state.SelectedObject = 1;
     auto rows = BuildPropertyRows(fx.state);
-    EXPECT_EQ(RowValueText(fx.state, Find(rows, "Reverse")), "True");
-    EXPECT_EQ(RowValueText(fx.state, Find(rows, "Title Line")), "True");
-    EXPECT_EQ(RowValueText(fx.state, Find(rows, "Justification")), "2 = Centred");
-    EXPECT_EQ(RowValueText(fx.state, Find(rows, "Zodiac")), "7");
-    EXPECT_EQ(RowValueText(fx.state, Find(rows, "Anchor X")), "0.3");
+    auto parse = [&](const std::string& label, const std::string& text) {
+        return ParseRowInput(Row(rows, label), text);
+    };
+    EXPECT_TRUE(parse("Anchor X", "1").Value);
+    auto bad = parse("Anchor X", "1.01");
+    EXPECT_FALSE(bad.Value);
+    EXPECT_EQ(bad.Title + ": " + bad.Message,
+              "Invalid Value: Anchor X must be a number in the range 0 to 1.");
+    for (auto [label, text] : {std::pair{"Anchor X", "0.5cm"},
+                               {"Data Lines", "2.5"},
+                               {"Data Blocks", "11"},
+                               {"Max Orb", "31"}}) {
+        EXPECT_FALSE(parse(label, text).Value) << label << " " << text;
+    }
+    // Blocks cannot outnumber the object's lines (10).
+    EXPECT_TRUE(parse("Data Blocks", "10").Value);
+    EXPECT_EQ(*parse("Reverse", "false").Value, PropertyValue(false));
+    EXPECT_EQ(*parse("Justification", "2 = Centred").Value, PropertyValue(int16_t(2)));
+    EXPECT_DOUBLE_EQ(std::get<double>(*parse("Modulus", "16Ar25").Value), 16 + 25 / 60.0);
+    auto notAngle = parse("Modulus", "ninety");
+    EXPECT_EQ(notAngle.Title, kAngleErrorTitle);
+    EXPECT_EQ(notAngle.Message, AngleErrorText());
+
+    fx.state.SelectedObject = 0;
+    rows = BuildPropertyRows(fx.state);
+    EXPECT_FALSE(parse("MarginTop", "0.41").Value);
+    EXPECT_FALSE(parse("List Abbrev", "ABCDEF").Value);
+    EXPECT_TRUE(parse("List Abbrev", "ABCDE").Value);
 
     EXPECT_EQ(PickedFileValue(FilePicker::Wheel, "/data/Wheels/Round.wh"), "Round");
     EXPECT_EQ(PickedFileValue(FilePicker::Graphic, "/data/Pictures/Logo.bmp"),
@@ -119,4 +91,3 @@ TEST(PropertyRows, ValuesAsTheListShowsThem) {
 }
 
 }  // namespace
-}  // namespace paginox

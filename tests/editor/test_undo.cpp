@@ -7,20 +7,23 @@
 #include "editor/EditorFixture.h"
 #include "editor/UndoManager.h"
 
-namespace paginox {
+using namespace paginox;
+
 namespace {
 
-// Records what the history hands back, as "id:value" with the three indices.
+using Calls = std::vector<std::string>;
+
+// Records what the history hands back, as "id:value@indices", and the menus' last state.
 struct Recorder {
-    std::vector<std::string> calls;
-    std::vector<std::pair<bool, bool>> menus;
+    Calls calls;
+    std::string menus = "none";
     UndoManager Manager() {
         return UndoManager(
             [this](int32_t id, const PropertyValue& v, int16_t a, int16_t b, int16_t c) {
                 calls.push_back(std::to_string(id) + ":" + PropertyText(v) + "@" +
                                 std::to_string(a) + std::to_string(b) + std::to_string(c));
             },
-            [this](bool u, bool r) { menus.emplace_back(u, r); });
+            [this](bool u, bool r) { menus = std::string(u ? "undo" : "") + (r ? "redo" : ""); });
     }
 };
 
@@ -33,32 +36,27 @@ void Step(UndoManager& m, int32_t id, int oldValue, int newValue) {
 TEST(UndoManager, EmptyBlocksAndTheOrderOfChanges) {
     Recorder rec;
     UndoManager m = rec.Manager();
-    EXPECT_FALSE(m.CanUndo());
-    EXPECT_FALSE(m.CanRedo());
+    EXPECT_FALSE(m.CanUndo() || m.CanRedo());
     EXPECT_EQ(m.UndoCapacity(), 20);
     EXPECT_EQ(m.RedoCapacity(), 10);
-
     m.BeginRestoreBlock();
     EXPECT_TRUE(m.InRestoreBlock());
     m.EndRestoreBlock();  // nothing in it: no trace, no menu update
     EXPECT_FALSE(m.InRestoreBlock());
     EXPECT_EQ(m.UndoCount(), 0);
-    EXPECT_TRUE(rec.menus.empty());
+    EXPECT_EQ(rec.menus, "none");
 
     m.BeginRestoreBlock();
-    m.AddRestoreObject(13, 1, 2, 1, 2, 3);
-    m.AddRestoreObject(14, 3, 4, 1, 2, 3);
-    m.AddRestoreObject(17, 5, 6, 1, 2, 3);
+    for (int id : {13, 14, 17}) m.AddRestoreObject(id, id - 12, id - 11, 1, 2, 3);
     m.EndRestoreBlock();
-    EXPECT_EQ(rec.menus.back(), std::make_pair(true, false));
+    EXPECT_EQ(rec.menus, "undo");
     m.Undo();
-    EXPECT_EQ(rec.calls, (std::vector<std::string>{"17:5@123", "14:3@123", "13:1@123"}));
-    EXPECT_EQ(rec.menus.back(), std::make_pair(false, true));
+    EXPECT_EQ(rec.calls, (Calls{"17:5@123", "14:2@123", "13:1@123"}));
+    EXPECT_EQ(rec.menus, "redo");
     rec.calls.clear();
     m.Redo();
-    EXPECT_EQ(rec.calls, (std::vector<std::string>{"13:2@123", "14:4@123", "17:6@123"}));
-    EXPECT_FALSE(m.InUndo());
-    EXPECT_FALSE(m.InRedo());
+    EXPECT_EQ(rec.calls, (Calls{"13:2@123", "14:3@123", "17:6@123"}));
+    EXPECT_FALSE(m.InUndo() || m.InRedo());
 
     // A block opened over another drops the first.
     m.BeginRestoreBlock();
@@ -66,11 +64,9 @@ TEST(UndoManager, EmptyBlocksAndTheOrderOfChanges) {
     m.BeginRestoreBlock();
     m.EndRestoreBlock();
     EXPECT_EQ(m.UndoCount(), 1);
-
     m.Clear();
-    EXPECT_FALSE(m.CanUndo());
-    EXPECT_FALSE(m.CanRedo());
-    EXPECT_EQ(rec.menus.back(), std::make_pair(false, false));
+    EXPECT_FALSE(m.CanUndo() || m.CanRedo());
+    EXPECT_EQ(rec.menus, "");
 }
 
 TEST(UndoManager, StacksGrowByTenAndKeepEverything) {
@@ -93,10 +89,10 @@ TEST(UndoManager, ANewStepKeepsWhatCanBeRedone) {
     Step(m, 13, 0, 1);
     m.Undo();
     Step(m, 14, 5, 6);
-    EXPECT_TRUE(m.CanRedo());
     rec.calls.clear();
+    ASSERT_TRUE(m.CanRedo());
     m.Redo();
-    EXPECT_EQ(rec.calls, (std::vector<std::string>{"13:1@123"}));
+    EXPECT_EQ(rec.calls, Calls{"13:1@123"});
     EXPECT_EQ(m.UndoCount(), 2);
     EXPECT_EQ(test::ErrorOf([&] { m.AddRestoreObject(1, 0, 1, 0, 0, 0); }), kObjectNotSet);
 }
@@ -110,13 +106,12 @@ TEST(UndoManager, EditStepsRestoreThePageThroughSetProperty) {
     {
         EditStep step(fx.state, m);
         EXPECT_TRUE(step.Set(kPropOrigin, 0.1, 0, 0, 1));
-        EXPECT_FALSE(step.Set(kPropFontSize, fx.Object(2).FontSize(), 0, 0, 0));
+        EXPECT_FALSE(step.Set(kPropFontSize, fx.Object(2).FontSize(), 0, 0, 0));  // unchanged
         step.Set(kPropListAbbreviation, std::string("X"), 0, 0, 0);
     }
     ASSERT_EQ(m.UndoCount(), 1);
     EXPECT_EQ(m.TopOfUndo()->Count(), 2);
-    // Undo reaches object 2 although the selection moved on.
-    fx.state.SelectedObject = 1;
+    fx.state.SelectedObject = 1;  // undo reaches object 2 although the selection moved on
     m.Undo();
     EXPECT_TRUE(fx.state.Page->IsEqual(fx.state.SavedPage.get()));
     m.Redo();
@@ -125,4 +120,3 @@ TEST(UndoManager, EditStepsRestoreThePageThroughSetProperty) {
 }
 
 }  // namespace
-}  // namespace paginox

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <set>
 
 #include "library/ImageCache.h"
 #include "model/ModelState.h"
@@ -26,8 +27,8 @@ using std::chrono::seconds;
 
 namespace {
 
-void WriteFile(const std::string& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
+void WriteFile(const std::string& path) {
+    std::ofstream(path, std::ios::binary) << "BM";
 }
 
 // Records what it is asked to make and writes a small file in its place.
@@ -36,7 +37,7 @@ struct FakeMaker {
     BitmapMaker Maker() {
         return [this](const std::string& source, int32_t w, int32_t h, const std::string& target) {
             made.push_back(source + " " + std::to_string(w) + "x" + std::to_string(h));
-            WriteFile(target, "BM");
+            WriteFile(target);
             return true;
         };
     }
@@ -50,13 +51,14 @@ void SetTime(const std::string& path, int second, int millis = 0) {
     fs::last_write_time(path, base + seconds(second) + std::chrono::milliseconds(millis));
 }
 
-std::vector<std::string> CacheFiles(const ImageCache& cache) {
-    std::vector<std::string> names;
-    for (const auto& e : fs::directory_iterator(cache.CacheDir())) {
-        names.push_back(e.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
+// The names in the cache folder, in order, each followed by a space.
+std::string CacheFiles(const ImageCache& cache) {
+    std::set<std::string> names;
+    for (const auto& e : fs::directory_iterator(cache.CacheDir()))
+        names.insert(e.path().filename());
+    std::string all;
+    for (const std::string& name : names) all += name + " ";
+    return all;
 }
 
 }  // namespace
@@ -112,24 +114,19 @@ TEST(ImageCache, ClearCachesKeepsTheColonWhileClearAllTakesEveryBitmap) {
     FakeMaker fake;
     ImageCache cache(fake.Maker(), '/');
     ASSERT_TRUE(cache.PrepareForCaching());
-    auto make = [&](const std::string& page, int w) {
-        WriteFile(cache.GetCacheName(page, w, w), "BM");
-    };
-    for (int w : {10, 20}) {
-        make("/p/A.pag", w);
-        make("/p/A.pag_old/B.pag", w);  // escaped, it begins like A.pag's names
-        make("/p/AB.pag", w);
-        make("/d:/p/C.pag", w);
+    // B.pag's escaped names begin like A.pag's.
+    for (const char* page : {"/p/A.pag", "/p/A.pag_old/B.pag", "/p/AB.pag", "/d:/p/C.pag"}) {
+        for (int w : {10, 20}) WriteFile(cache.GetCacheName(page, w, w));
     }
-    WriteFile(cache.CacheDir() + "notes.txt", "keep");
+    WriteFile(cache.CacheDir() + "notes.txt");
 
     cache.ClearCaches("/p/A.pag");     // every size, and the page whose name merely begins alike
     cache.ClearCaches("/d:/p/C.pag");  // the colon stays in the pattern: nothing matches
-    EXPECT_EQ(CacheFiles(cache), (std::vector<std::string>{
-                                     "_d__p_C.pag_10x10.bmp", "_d__p_C.pag_20x20.bmp",
-                                     "_p_AB.pag_10x10.bmp", "_p_AB.pag_20x20.bmp", "notes.txt"}));
+    EXPECT_EQ(CacheFiles(cache),
+              "_d__p_C.pag_10x10.bmp _d__p_C.pag_20x20.bmp _p_AB.pag_10x10.bmp _p_AB.pag_20x20.bmp "
+              "notes.txt ");
     cache.ClearAllCaches();
-    EXPECT_EQ(CacheFiles(cache), std::vector<std::string>{"notes.txt"});
+    EXPECT_EQ(CacheFiles(cache), "notes.txt ");
 }
 
 TEST(ImageCache, ThumbnailsOfPagesAndPicturesAndGraphicsDrawnFromThem) {
@@ -152,9 +149,7 @@ TEST(ImageCache, ThumbnailsOfPagesAndPicturesAndGraphicsDrawnFromThem) {
     obj->SetGenericFile(picture);
     page.GetFormat(1)->AddObject(obj);
     auto corner = box->CreateInstance(nullptr);
-    corner->SetOrigin(1, 0);
-    corner->SetOrigin(2, 0);
-    corner->SetLength(1, 0.1f);
+    corner->SetOrigin(1, 0), corner->SetOrigin(2, 0), corner->SetLength(1, 0.1f);
     corner->SetLength(2, 0.1f);
     page.GetFormat(1)->AddObject(corner);
     std::string pageFile = folders.Dir() / "P.pag";
@@ -178,9 +173,9 @@ TEST(ImageCache, ThumbnailsOfPagesAndPicturesAndGraphicsDrawnFromThem) {
     SetTime(cached, 1);
     PictureReads before = PictureReadCounts();
     test::RecordingSurface s(160, 120);
-    RectClass r;
-    r.InitTo(49, 36, 62, 47);
-    for (int redraw = 0; redraw < 2; ++redraw) EXPECT_TRUE(DrawGraphicObject(s, *obj, r));
+    for (int redraw = 0; redraw < 2; ++redraw) {
+        EXPECT_TRUE(DrawGraphicObject(s, *obj, test::Rect(49, 36, 62, 47)));
+    }
     EXPECT_EQ(s.calls.front(), "Image 62x47 into (49,36)-(111,83) mode 4");
     EXPECT_EQ(PictureReadCounts().Conversions, before.Conversions);
     EXPECT_EQ(PictureReadCounts().BitmapReads, before.BitmapReads + 1);

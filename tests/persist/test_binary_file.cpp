@@ -5,17 +5,7 @@
 #include "persist/BinaryFile.h"
 #include "support/TempDir.h"
 
-namespace paginox {
-namespace {
-
-int ErrorOpening(const std::string& path, FileKind kind) {
-    try {
-        BinaryFile f(path, kind);
-    } catch (const RuntimeError& e) {
-        return e.Number();
-    }
-    return 0;
-}
+using namespace paginox;
 
 TEST(BinaryFile, LengthFollowsWritesThoughItIsRemembered) {
     test::TempDir dir;
@@ -43,21 +33,25 @@ TEST(BinaryFile, LengthFollowsWritesThoughItIsRemembered) {
 
 TEST(BinaryFile, OpeningForReadingRefusesFoldersAndMissingFiles) {
     test::TempDir dir;
-    EXPECT_EQ(ErrorOpening(dir.Folder(), FileKind::Read), kPathFileAccessError);
-    EXPECT_EQ(ErrorOpening(dir.Folder(), FileKind::Write), kPathFileAccessError);
-    EXPECT_EQ(ErrorOpening(dir / "missing.dat", FileKind::Read), kFileNotFound);
-    EXPECT_EQ(ErrorOpening(dir / "no/missing.dat", FileKind::Read), kPathNotFound);
-    EXPECT_FALSE(FileExists(dir.Folder()));
-    EXPECT_FALSE(FileExists(dir / "missing.dat"));
+    auto error = [](const std::string& path, FileKind kind) {
+        try {
+            BinaryFile f(path, kind);
+        } catch (const RuntimeError& e) {
+            return e.Number();
+        }
+        return 0;
+    };
+    EXPECT_EQ(error(dir.Folder(), FileKind::Read), kPathFileAccessError);
+    EXPECT_EQ(error(dir.Folder(), FileKind::Write), kPathFileAccessError);
+    EXPECT_EQ(error(dir / "missing.dat", FileKind::Read), kFileNotFound);
+    EXPECT_EQ(error(dir / "no/missing.dat", FileKind::Read), kPathNotFound);
+    EXPECT_FALSE(FileExists(dir.Folder()) || FileExists(dir / "missing.dat"));
     EXPECT_TRUE(FileExists(dir.Write("here.dat", "x")));
     // A pipe would block its reader or writer forever; a device holds no records either.
     ASSERT_EQ(mkfifo((dir / "pipe").c_str(), 0600), 0);
     for (const std::string& path : {dir / "pipe", std::string("/dev/null")}) {
         for (FileKind kind : {FileKind::Read, FileKind::Write, FileKind::Append, FileKind::Random})
-            EXPECT_EQ(ErrorOpening(path, kind), kBadFileName) << path << int(kind);
+            EXPECT_EQ(error(path, kind), kBadFileName) << path << int(kind);
         EXPECT_FALSE(FileExists(path));
     }
 }
-
-}  // namespace
-}  // namespace paginox

@@ -10,56 +10,48 @@
 using namespace paginox;
 
 namespace {
-
 // One 163-byte rulership record: name, abbreviation, then per sign b0..b8 = sign*10 + b.
 std::string RulershipRecord(const std::string& name, const std::string& abbr) {
-    std::string r = name;
-    r.resize(40, ' ');
-    r += abbr;
-    r.resize(55, ' ');
+    std::string r = (name + std::string(40, ' ')).substr(0, 40) + abbr + std::string(15, ' ');
+    r.resize(55);
     for (int s = 1; s <= 12; ++s) {
         for (int b = 0; b < 9; ++b) r += static_cast<char>(s * 10 + b);
     }
     return r;
 }
-
-// Reads the bytes as the point list; the messages shown meanwhile.
-std::vector<test::ShownMessage> ReadPoints(const test::TempDir& dir, const std::string& bytes) {
-    test::RecordingMessages rec;
-    ReadPointListDefs(dir.Write("plist.dfn", bytes));
-    return rec.shown;
-}
-
 }  // namespace
 
 TEST(DefinitionReaders, ColumnListsKeepCompleteRecordsAndReportErrorsOnce) {
     test::TempDir dir;
     const auto& points = Definitions().PointList;
-    EXPECT_TRUE(ReadPoints(dir, "1,3,\"Point\",1\r\n2,8,Longitude,0\r\n").empty());
+    auto read = [&](const std::string& bytes) {  // the messages shown meanwhile
+        test::RecordingMessages rec;
+        ReadPointListDefs(dir.Write("plist.dfn", bytes));
+        return rec.shown;
+    };
+    EXPECT_TRUE(read("1,3,\"Point\",1\r\n2,8,Longitude,0\r\n").empty());
     ASSERT_EQ(points.Count(), 2);
-    EXPECT_EQ(points.Entry(2).Label, "Longitude");
-    EXPECT_EQ(points.Entry(2).Second, 8);
+    const ColumnDef& second = points.Entry(2);
+    EXPECT_EQ(second.Label + " " + std::to_string(second.Second), "Longitude 8");
     EXPECT_EQ(points.Entry(1).DefaultFlag, 1);
 
     // An empty file: the first field meets the end of the file.
-    auto shown = ReadPoints(dir, "");
+    auto shown = read("");
     EXPECT_EQ(points.Count(), 0);
     ASSERT_EQ(shown.size(), 1u);
     EXPECT_EQ(shown[0].text, "Error whilst reading file " + (dir / "plist.dfn") +
                                  "\r\n\r\nInput past end of file");
-
-    shown = ReadPoints(dir, "1,3,\"Aspect\",1\r\n2,x,\"Orb\",1\r\n");
+    shown = read("1,3,\"Aspect\",1\r\n2,x,\"Orb\",1\r\n");
     EXPECT_EQ(points.Count(), 1);
     ASSERT_EQ(shown.size(), 1u);
-    EXPECT_NE(shown[0].text.find("Type mismatch"), std::string::npos);
-
+    EXPECT_TRUE(shown[0].text.ends_with("Type mismatch"));
     // 16-bit counts: the record after the 32767th is an overflow.
     std::string many;
     for (int i = 0; i < 32768; ++i) many += "1,2,a,0\n";
-    shown = ReadPoints(dir, many);
+    shown = read(many);
     EXPECT_EQ(points.Count(), 32767);
     ASSERT_EQ(shown.size(), 1u);
-    EXPECT_NE(shown[0].text.find("Overflow"), std::string::npos);
+    EXPECT_TRUE(shown[0].text.ends_with("Overflow"));
 
     // A missing file: the open reports it and the table is left empty.
     test::RecordingMessages rec;
@@ -76,21 +68,16 @@ TEST(DefinitionReaders, RulershipRecordsAndRoundedCount) {
     test::RecordingMessages rec;
     const std::string two =
         RulershipRecord("  Traditional", "Trad") + RulershipRecord("Modern", "Mod");
-    ReadRulerships(dir.Write("rulers2.fil", two));
     auto& sets = Definitions().Rulerships;
-    ASSERT_EQ(sets.size(), 2u);
-    EXPECT_EQ(sets[0].Name, "Traditional");
-    EXPECT_EQ(sets[0].Abbreviation, "Trad");
+    // 408 bytes = 2.5 records: three sets, the third read as far as the file goes.
+    ReadRulerships(dir.Write("rulers2.fil", two + RulershipRecord("", "").substr(0, 82)));
+    ASSERT_EQ(sets.size(), 3u);
+    EXPECT_EQ(sets[0].Name + "|" + sets[0].Abbreviation, "Traditional|Trad");
     // Sign 12: b0, b2, b5, then slots 34, 35, 36 = b6, b7, b8.
     EXPECT_EQ(std::vector<int>({sets[1].FirstCodes[12], sets[1].SecondCodes[12],
                                 sets[1].ThirdCodes[12], sets[1].TripleCodes[34],
                                 sets[1].TripleCodes[35], sets[1].TripleCodes[36]}),
               std::vector<int>({120, 122, 125, 126, 127, 128}));
-
-    // 408 bytes = 2.5 records: three sets, the third read as far as the file goes.
-    std::string partial = RulershipRecord("", "").substr(0, 82);
-    ReadRulerships(dir.Write("rulers2.fil", two + partial));
-    ASSERT_EQ(sets.size(), 3u);
     EXPECT_EQ(sets[2].Name + sets[2].Abbreviation, "");
     EXPECT_EQ(sets[2].TripleCodes[9], 38);  // sign 3 is the last group in the file
     EXPECT_EQ(sets[2].FirstCodes[4], 0);

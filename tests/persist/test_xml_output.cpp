@@ -9,13 +9,14 @@ TEST(XMLOutput, IndentsTwoSpacesPerOpenElementWithCrLf) {
     test::TempDir dir;
     XMLOutput x;
     ASSERT_TRUE(x.OpenXML(dir / "a.xml"));
+    x.CloseNode();  // at depth 0: nothing
     x.OpenNode("Root");
     x.WriteNumber("N", -3, "0");
     x.WriteSingle("F", 0.5f, "#.##");
     x.WriteBoolean("B", false);
-    x.WriteString("Empty", "");              // skipped
-    x.WriteString("Kept", "", true);         // written on request
-    x.WriteString("Raw", "a & <b>");         // never escaped
+    x.WriteString("Empty", "");       // skipped
+    x.WriteString("Kept", "", true);  // written on request
+    x.WriteString("Raw", "a & <b>");  // never escaped
     x.OpenNode("Inner");
     x.CloseNode();
     x.CloseNode();
@@ -25,11 +26,10 @@ TEST(XMLOutput, IndentsTwoSpacesPerOpenElementWithCrLf) {
               "  <Raw>a & <b></Raw>\r\n  <Inner>\r\n  </Inner>\r\n</Root>\r\n");
 }
 
-TEST(XMLOutput, UnbalancedTreeIsReportedOnCloseAndExtraClosesAreIgnored) {
+TEST(XMLOutput, UnbalancedTreeIsReportedOnClose) {
     test::TempDir dir;
     XMLOutput x;
     ASSERT_TRUE(x.OpenXML(dir / "a.xml"));
-    x.CloseNode();  // at depth 0: nothing
     x.OpenNode("Root");
     EXPECT_FALSE(x.CloseXML());
     EXPECT_EQ(test::ReadAll(dir / "a.xml"), "<Root>\r\n");

@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -10,22 +9,21 @@
 #include "model/PageObjectClass.h"
 #include "render/PageDraw.h"
 #include "render/PreviewRefresh.h"
+#include "support/Golden.h"
 #include "support/RecordingSurface.h"
 
 using namespace paginox;
 using test::RecordingSurface;
-using ::testing::ElementsAre;
+using test::Rect;
 using Lines = std::vector<std::string>;
 
 namespace {
 
 const std::string kGrey = "rgb(128,128,128)";
-const std::string kFill = "filled rgb(224,224,224)";
 
-RectClass Rect(int32_t left, int32_t top, int32_t width, int32_t height) {
-    RectClass r;
-    r.InitTo(left, top, width, height);
-    return r;
+// The calls that render/page_draw.txt records for a drawing.
+std::vector<std::string> Drawing(const std::string& name) {
+    return test::GoldenLines("render/page_draw.txt", name);
 }
 
 struct Catalogue {
@@ -47,10 +45,7 @@ std::shared_ptr<PageObject> Place(PageFormat& format, const PageObjectClass& cls
                                   float w, float h) {
     auto obj = std::make_shared<PageObject>();
     obj->SetObjectClassID(cls.ClassID());
-    obj->SetOrigin(1, x);
-    obj->SetOrigin(2, y);
-    obj->SetLength(1, w);
-    obj->SetLength(2, h);
+    obj->SetOrigin(1, x), obj->SetOrigin(2, y), obj->SetLength(1, w), obj->SetLength(2, h);
     format.AddObject(obj);
     return obj;
 }
@@ -66,42 +61,23 @@ RecordingSurface FilledShapes() {
 
 }  // namespace
 
-TEST(PageDraw, WheelRingsFollowTheChartCount) {
+TEST(PageDraw, WheelRingsFollowTheChartCountAndTrianglesAreDrawnTwice) {
     Catalogue cat;
     PageFormat format;  // 800 x 600, margins 0.01: a single frame is 2 pixels on 800
     auto biWheel = cat.Add(kShapeCircle, "Bi-Wheel", 2);
     auto triWheel = cat.Add(kShapeCircle, "Tri-Wheel", 3);
+    auto corner = cat.Add(kShapeTriangle, "Corner", 0, 2);
     PageObject obj;
     RectClass r = Rect(300, 200, 200, 241);  // R = 100 about (400, 320)
-
-    RecordingSurface s = FilledShapes();
-    DrawObject(s, 1, *biWheel, &obj, format, &r, false, false);
-    auto circle = [](const std::string& radius) {
-        return "Circle (400,320) r" + radius + " " + kGrey + " " + kFill;
-    };
-    // R, R - f, then one ring per chart (0.65 R, 0.3 R) and the hub at 0.3 R again.
-    EXPECT_EQ(s.calls, (Lines{"ForeColor " + kGrey, circle("100"), circle("98"), circle("65"),
-                              circle("30"), circle("30")}));
-
-    s.calls.clear();
+    RecordingSurface bi = FilledShapes(), tri = FilledShapes(), triangle = FilledShapes();
+    DrawObject(bi, 1, *biWheel, &obj, format, &r, false, false);
+    EXPECT_EQ(bi.calls, Drawing("bi-wheel"));
     obj.SetFrameType(0);
-    DrawObject(s, 1, *triWheel, &obj, format, &r, false, false);
-    EXPECT_THAT(s.Matching("Circle"),
-                ElementsAre(circle("100"), circle("100"), circle("76.66666667"),
-                            circle("53.33333333"), circle("30"), circle("30")));
-}
-
-TEST(PageDraw, TriangleIsDrawnTwiceWithTheDoubledInset) {
-    Catalogue cat;
-    PageFormat format;
-    auto corner = cat.Add(kShapeTriangle, "Corner", 0, 2);
-    RectClass r = Rect(100, 100, 200, 100);
-    RecordingSurface s = FilledShapes();
-    // No object: the class's double frame, 4 pixels at 600 of 588 usable rows.
-    DrawObject(s, 1, *corner, nullptr, format, &r, false, false);
-    EXPECT_THAT(s.Matching("Polygon"),
-                ElementsAre("Polygon (100,100) (100,200) (300,200) " + kGrey + " " + kFill,
-                            "Polygon (104,108) (104,196) (292,196) " + kGrey + " " + kFill));
+    DrawObject(tri, 1, *triWheel, &obj, format, &r, false, false);
+    EXPECT_EQ(tri.Matching("Circle"), Drawing("tri-wheel without a frame"));
+    r = Rect(100, 100, 200, 100);
+    DrawObject(triangle, 1, *corner, nullptr, format, &r, false, false);
+    EXPECT_EQ(triangle.Matching("Polygon"), Drawing("triangle of a class alone"));
 }
 
 TEST(PageDraw, BoxShowsItsFrameBlocksAndRows) {
@@ -116,33 +92,18 @@ TEST(PageDraw, BoxShowsItsFrameBlocksAndRows) {
     obj.SetHorzBlocks(3);
     obj.SetTextLines(50);                   // the rows come from the class, not from the object
     RectClass r = Rect(100, 50, 206, 124);  // f = 2: inside 202 by 120
-
-    RecordingSurface s = FilledShapes();
-    DrawObject(s, 1, *list, &obj, format, &r, false, false);
-    EXPECT_EQ(
-        s.calls,
-        (Lines{"ForeColor " + kGrey, "Box (100,50)-(306,174) " + kGrey + " " + kFill,
-               "Box (102,52)-(304,172) " + kGrey + " outline", "Line (169,50)-(169,174) " + kGrey,
-               "Line (237,50)-(237,174) " + kGrey, "Line (100,72)-(306,72) " + kGrey,
-               "Line (100,92)-(306,92) " + kGrey, "Line (100,112)-(306,112) " + kGrey,
-               "Line (100,132)-(306,132) " + kGrey, "Line (100,152)-(306,152) " + kGrey}));
-
-    // Without its title line the object has five rows; one block and no frame draw no lines.
-    s.calls.clear();
+    RecordingSurface titled = FilledShapes(), untitled = FilledShapes(), bare = FilledShapes();
+    DrawObject(titled, 1, *list, &obj, format, &r, false, false);
+    EXPECT_EQ(titled.calls, Drawing("box with a title line and three blocks"));
     obj.SetTitleOn(false);
-    DrawObject(s, 1, *list, &obj, format, &r, false, false);
-    EXPECT_THAT(
-        s.Matching("Line (100"),
-        ElementsAre("Line (100,76)-(306,76) " + kGrey, "Line (100,100)-(306,100) " + kGrey,
-                    "Line (100,124)-(306,124) " + kGrey, "Line (100,148)-(306,148) " + kGrey));
-    s.calls.clear();
+    DrawObject(untitled, 1, *list, &obj, format, &r, false, false);
+    EXPECT_EQ(untitled.Matching("Line (100"), Drawing("box without its title line: the rows"));
     list->SetDefaultFixedLines(0);
     list->SetDefaultTextLines(1);
     obj.SetHorzBlocks(1);
     obj.SetFrameType(0);
-    DrawObject(s, 1, *list, &obj, format, &r, false, false);
-    EXPECT_EQ(s.calls,
-              (Lines{"ForeColor " + kGrey, "Box (100,50)-(306,174) " + kGrey + " " + kFill}));
+    DrawObject(bare, 1, *list, &obj, format, &r, false, false);
+    EXPECT_EQ(bare.calls, Drawing("box of one row and block without a frame"));
 }
 
 TEST(PageDraw, NamesAreCentredAndRaisedForChartLabels) {
@@ -157,36 +118,65 @@ TEST(PageDraw, NamesAreCentredAndRaisedForChartLabels) {
     a->SetChartNum(2, 3);
     Place(format, *corner, 0.0f, 0.0f, 0.25f, 0.25f);  // (8,6) 196 x 147
     Place(format, *caption, 0.5f, 0.75f, 0.25f, 0.25f)->SetNumCharts(0);
-
-    // One chart: names centred both ways, and an empty line where a chart label would go.
-    RecordingSurface one;
+    RecordingSurface one, two, preview, bare;
     DrawFormat(one, nullptr, 1, format, true, false, false);
-    EXPECT_THAT(
-        one.Matching("Print"),
-        ElementsAre("Print 'Wheel' at 385,295 rgb(0,0,255)", "Print '' at 400,305 rgb(0,0,255)",
-                    "Print 'Corner' at 12,74 rgb(0,0,255)", "Print '' at 106,84 rgb(0,0,255)",
-                    "Print 'Caption' at 477,514 rgb(0,0,255)", "Print '' at 498,524 rgb(0,0,255)"));
-
-    // Two charts: every object's name is raised 0.8 of a line and one pixel, and a chart
-    // label centred under it where the object shows charts.
-    RecordingSurface two;
+    EXPECT_EQ(one.Matching("Print"), Drawing("names on a page of one chart"));
     DrawFormat(two, nullptr, 2, format, true, false, false);
-    EXPECT_THAT(
-        two.Matching("Print"),
-        ElementsAre("Print 'Wheel' at 385,291 rgb(0,0,255)",
-                    "Print 'Chart 1, 3' at 370,301 rgb(0,0,255)",
-                    "Print 'Corner' at 12,70 rgb(0,0,255)", "Print 'Chart 1' at 85,80 rgb(0,0,255)",
-                    "Print 'Caption' at 477,510 rgb(0,0,255)", "Print '' at 498,520 rgb(0,0,255)"));
-
-    // The insert dialog's preview has no object: the name is centred even on two charts.
-    RecordingSurface preview;
+    EXPECT_EQ(two.Matching("Print"), Drawing("names on a page of two charts"));
     RectClass r = Rect(0, 0, 100, 50);
     DrawObject(preview, 2, *caption, nullptr, format, &r, true, false);
-    EXPECT_THAT(preview.Matching("Print"), ElementsAre("Print 'Caption' at 29,20 rgb(0,0,255)"));
-
-    RecordingSurface bare;
+    EXPECT_EQ(preview.Matching("Print"), Drawing("name in the insert dialog's preview"));
     DrawFormat(bare, nullptr, 2, format, false, false, false);
     EXPECT_TRUE(bare.Matching("Print").empty());
+}
+
+TEST(PageDraw, PageAndMarginRectangles) {
+    PageFormat format;  // ratio 0.75
+    RectClass wide = Rect(10, 20, 1000, 500);
+    EXPECT_EQ(PageRect(wide, format, true).ToString(), "(210,45)-(809,494)");
+    EXPECT_EQ(PageRect(wide, format, false).ToString(), "(177,20)-(842,519)");
+    EXPECT_EQ(PageRect(Rect(0, 0, 400, 1000), format, false).ToString(), "(0,350)-(399,649)");
+    format.SetYRatio(0);  // no ratio: the available area itself
+    EXPECT_EQ(PageRect(wide, format, true).ToString(), "(60,45)-(959,494)");
+    format.SetMargin(1, 1, 0.1f), format.SetMargin(1, 2, 0.2f);
+    format.SetMargin(2, 1, 0.05f), format.SetMargin(2, 2, 0.25f);
+    EXPECT_EQ(MarginRect(Rect(100, 0, 1000, 400), format).ToString(), "(200,20)-(900,300)");
+}
+
+TEST(PageDraw, ThumbnailAndPreviewAndTheRectanglesTheyLeave) {
+    Catalogue cat;
+    auto box = cat.Add(kShapeBox, "Box", 1, 0);
+    PageFormat format;
+    PreviewRects rects;
+    rects.Objects.resize(3, Rect(9, 9, 9, 9));
+
+    // No objects: shadow, page and margin frame only; the object rectangles stay as they were.
+    RecordingSurface empty;
+    DrawFormat(empty, nullptr, 1, format, true, true, true, &rects);
+    EXPECT_EQ(empty.calls, Drawing("preview of an empty page"));
+    EXPECT_EQ(rects.Page.ToString() + rects.Margin.ToString(),
+              "(40,30)-(759,569)(47,35)-(752,564)");
+    EXPECT_EQ(rects.ObjectCount(), 3);
+
+    Place(format, *box, 0.5f, 0.5f, 0.25f, 0.25f);
+    format.AddObject(nullptr);  // an empty slot is skipped but keeps its place
+    Place(format, *box, 0.0f, 0.0f, 0.5f, 0.5f);
+    RecordingSurface s;
+    DrawFormat(s, nullptr, 1, format, false, true, true, &rects);
+    ASSERT_EQ(rects.ObjectCount(), 3);
+    EXPECT_EQ(rects.Object(1).ToString() + rects.Object(2).ToString() + rects.Object(3).ToString(),
+              "(400,300)-(576,432)(0,0)-(0,0)(47,35)-(399,299)");
+    EXPECT_EQ(s.calls.back(), "Box (47,35)-(752,564) rgb(192,192,192) unfilled");
+
+    // A thumbnail uses the whole surface and leaves the rectangles alone.
+    PageFormat one;
+    Place(one, *box, 0.3f, 0.3f, 0.4f, 0.4f);
+    rects.Page = Rect(1, 2, 3, 4);
+    RecordingSurface thumb;
+    DrawFormat(thumb, nullptr, 1, one, false, false, true, &rects);
+    EXPECT_EQ(thumb.calls, Drawing("thumbnail of one box"));
+    EXPECT_EQ(rects.Page.ToString(), "(1,2)-(4,6)");
+    EXPECT_EQ(rects.ObjectCount(), 3);
 }
 
 TEST(PageDraw, NamesAndChartLabelsAreCutToTheirObjectsWidth) {
@@ -202,77 +192,6 @@ TEST(PageDraw, NamesAndChartLabelsAreCutToTheirObjectsWidth) {
     Lines texts;
     for (auto& p : s.Matching("Print")) texts.push_back(p.substr(7, p.find("' at") - 7));
     EXPECT_EQ(texts, (Lines{"Capti\x85", "Chart\x85", "", "", "Corner\x85", "Chart 1"}));
-}
-
-TEST(PageDraw, PageAndMarginRectangles) {
-    PageFormat format;  // ratio 0.75
-    RectClass wide = Rect(10, 20, 1000, 500);
-    EXPECT_EQ(PageRect(wide, format, true).ToString(), "(210,45)-(809,494)");
-    EXPECT_EQ(PageRect(wide, format, false).ToString(), "(177,20)-(842,519)");
-    EXPECT_EQ(PageRect(Rect(0, 0, 400, 1000), format, false).ToString(), "(0,350)-(399,649)");
-    format.SetYRatio(0);  // no ratio: the available area itself
-    EXPECT_EQ(PageRect(wide, format, true).ToString(), "(60,45)-(959,494)");
-
-    format.SetMargin(1, 1, 0.1f);
-    format.SetMargin(1, 2, 0.2f);
-    format.SetMargin(2, 1, 0.05f);
-    format.SetMargin(2, 2, 0.25f);
-    EXPECT_EQ(MarginRect(Rect(100, 0, 1000, 400), format).ToString(), "(200,20)-(900,300)");
-}
-
-TEST(PageDraw, ThumbnailUsesTheWholeSurfaceAndLeavesNoRectangles) {
-    Catalogue cat;
-    auto box = cat.Add(kShapeBox, "Box", 1, 0);
-    PageFormat format;
-    Place(format, *box, 0.3f, 0.3f, 0.4f, 0.4f);
-    PreviewRects rects;
-    rects.Page = Rect(1, 2, 3, 4);
-    rects.Objects.resize(5);
-
-    RecordingSurface s;
-    DrawFormat(s, nullptr, 1, format, false, false, true, &rects);
-    EXPECT_THAT(s.calls,
-                ElementsAre("FillColor rgb(255,255,255)", "FillStyle 0", "ForeColor rgb(0,0,0)",
-                            "Box (0,0)-(799,599) rgb(0,0,0) filled rgb(255,255,255)",
-                            "FillColor rgb(224,224,224)", "ForeColor " + kGrey,
-                            "Box (243,182)-(556,417) " + kGrey + " " + kFill,
-                            "Box (245,184)-(554,415) " + kGrey + " outline"));
-    EXPECT_EQ(rects.Page.ToString(), "(1,2)-(4,6)");
-    EXPECT_EQ(rects.ObjectCount(), 5);
-}
-
-TEST(PageDraw, PreviewDrawsShadowAndMarginFrameAndKeepsRectangles) {
-    Catalogue cat;
-    auto box = cat.Add(kShapeBox, "Box", 1, 0);
-    PageFormat format;
-    PreviewRects rects;
-    rects.Objects.resize(3, Rect(9, 9, 9, 9));
-
-    // No objects: shadow, page and margin frame only; the object rectangles stay as they were.
-    RecordingSurface empty;
-    DrawFormat(empty, nullptr, 1, format, true, true, true, &rects);
-    EXPECT_THAT(empty.calls,
-                ElementsAre("Box (760,46)-(775,585) rgb(128,128,128) solid",  // shadow strips
-                            "Box (56,570)-(759,585) rgb(128,128,128) solid",
-                            "FillColor rgb(255,255,255)", "FillStyle 0", "ForeColor rgb(0,0,0)",
-                            "Box (40,30)-(759,569) rgb(0,0,0) filled rgb(255,255,255)",
-                            "FillColor rgb(224,224,224)", "DrawWidth 1", "DrawStyle 2",
-                            "ForeColor rgb(192,192,192)", "FillStyle 1",
-                            "Box (47,35)-(752,564) rgb(192,192,192) unfilled"));
-    EXPECT_EQ(rects.Page.ToString(), "(40,30)-(759,569)");
-    EXPECT_EQ(rects.Margin.ToString(), "(47,35)-(752,564)");
-    EXPECT_EQ(rects.ObjectCount(), 3);
-
-    Place(format, *box, 0.5f, 0.5f, 0.25f, 0.25f);
-    format.AddObject(nullptr);  // an empty slot is skipped but keeps its place
-    Place(format, *box, 0.0f, 0.0f, 0.5f, 0.5f);
-    RecordingSurface s;
-    DrawFormat(s, nullptr, 1, format, false, true, true, &rects);
-    ASSERT_EQ(rects.ObjectCount(), 3);
-    EXPECT_EQ(rects.Object(1).ToString(), "(400,300)-(576,432)");
-    EXPECT_EQ(rects.Object(2).ToString(), "(0,0)-(0,0)");
-    EXPECT_EQ(rects.Object(3).ToString(), "(47,35)-(399,299)");
-    EXPECT_EQ(s.calls.back(), "Box (47,35)-(752,564) rgb(192,192,192) unfilled");
 }
 
 TEST(PageDraw, DamagedObjectsAreReportedAndNeverStopTheDrawing) {
@@ -293,12 +212,11 @@ TEST(PageDraw, DamagedObjectsAreReportedAndNeverStopTheDrawing) {
     EXPECT_EQ(problems[1].Object, 3);
     EXPECT_EQ(problems[2].Object, 4);
     EXPECT_TRUE(problems[2].Drawn);
-    EXPECT_THAT(rects.Unplaced, ElementsAre(2, 3));
+    EXPECT_EQ(rects.Unplaced, (std::vector<int16_t>{2, 3}));
     EXPECT_TRUE(rects.IsPlaced(1));
     EXPECT_TRUE(rects.IsPlaced(4));
     // The unknown object: one plain outline, no grid or frame, labelled with its number.
-    EXPECT_THAT(s.Matching("Box (400,300)"),
-                ElementsAre("Box (400,300)-(541,406) " + kGrey + " outline"));
+    EXPECT_EQ(s.Matching("Box (400,300)"), Lines{"Box (400,300)-(541,406) " + kGrey + " outline"});
     EXPECT_EQ(s.Matching("Print 'Unknown class 42'").size(), 1u);
     EXPECT_EQ(s.calls.back(), "Box (47,35)-(752,564) rgb(192,192,192) unfilled");
 }
@@ -314,8 +232,8 @@ TEST(PageDraw, AFormatThatCannotBePlacedIsLeftEmpty) {
     std::vector<DrawProblem> problems = DrawFormat(s, nullptr, 1, format, true, true, true, &rects);
     ASSERT_EQ(problems.size(), 1u);
     EXPECT_EQ(problems[0].Object, 0);
-    EXPECT_THAT(s.calls, ::testing::IsEmpty());
-    EXPECT_THAT(rects.Unplaced, ElementsAre(1));
+    EXPECT_TRUE(s.calls.empty());
+    EXPECT_EQ(rects.Unplaced, (std::vector<int16_t>{1}));
 
     // A format of no pixels cannot size any frame.
     format.SetMargin(1, 1, 0.0f);

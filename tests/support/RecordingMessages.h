@@ -18,7 +18,7 @@ struct ShownMessage {
 };
 
 class RecordingMessages : public MessageService {
-public:
+  public:
     RecordingMessages() : scope_(*this) {}
 
     // Answers given in order; once used up, the first button of the box is pressed.
@@ -37,16 +37,25 @@ public:
 
     std::vector<ShownMessage> shown;
 
-private:
+    // The last message as "title: text"; empty when none was shown.
+    std::string Last() const {
+        return shown.empty() ? "" : shown.back().title + ": " + shown.back().text;
+    }
+
+  private:
     // Only for picking the default answer; prints nothing itself.
     struct FirstButton : MessageService {
         MsgAnswer Show(const std::string&, const std::string&, MsgButtons b, MsgIcon) override {
             switch (b) {
                 case MsgButtons::YesNo:
-                case MsgButtons::YesNoCancel: return MsgAnswer::Yes;
-                case MsgButtons::RetryCancel: return MsgAnswer::Retry;
-                case MsgButtons::AbortRetryIgnore: return MsgAnswer::Abort;
-                default: return MsgAnswer::Ok;
+                case MsgButtons::YesNoCancel:
+                    return MsgAnswer::Yes;
+                case MsgButtons::RetryCancel:
+                    return MsgAnswer::Retry;
+                case MsgButtons::AbortRetryIgnore:
+                    return MsgAnswer::Abort;
+                default:
+                    return MsgAnswer::Ok;
             }
         }
     } fallback_;

@@ -35,42 +35,22 @@ class RecordingSurface : public DrawingSurface {
 
     RectClass Scale() const override { return scale_; }
 
-    void SetBackColor(int32_t c) override {
-        Add("BackColor " + Colour(c));
-        DrawingSurface::SetBackColor(c);
+    // Each setter writes down its name and value, then sets it.
+#define PAGINOX_RECORDED_SETTER(Name, Type, Shown) \
+    void Set##Name(Type v) override {              \
+        Add(#Name " " + Shown(v));                 \
+        DrawingSurface::Set##Name(v);              \
     }
-    void SetForeColor(int32_t c) override {
-        Add("ForeColor " + Colour(c));
-        DrawingSurface::SetForeColor(c);
-    }
-    void SetFillColor(int32_t c) override {
-        Add("FillColor " + Colour(c));
-        DrawingSurface::SetFillColor(c);
-    }
-    void SetFillStyle(int16_t s) override {
-        Add("FillStyle " + Num(s));
-        DrawingSurface::SetFillStyle(s);
-    }
-    void SetDrawStyle(int16_t s) override {
-        Add("DrawStyle " + Num(s));
-        DrawingSurface::SetDrawStyle(s);
-    }
-    void SetDrawWidth(int16_t w) override {
-        Add("DrawWidth " + Num(w));
-        DrawingSurface::SetDrawWidth(w);
-    }
-    void SetBackMode(int16_t m) override {
-        Add("BackMode " + Num(m));
-        DrawingSurface::SetBackMode(m);
-    }
-    void SetCurrentX(float x) override {
-        Add("CurrentX " + Num(x));
-        DrawingSurface::SetCurrentX(x);
-    }
-    void SetCurrentY(float y) override {
-        Add("CurrentY " + Num(y));
-        DrawingSurface::SetCurrentY(y);
-    }
+    PAGINOX_RECORDED_SETTER(BackColor, int32_t, Colour)
+    PAGINOX_RECORDED_SETTER(ForeColor, int32_t, Colour)
+    PAGINOX_RECORDED_SETTER(FillColor, int32_t, Colour)
+    PAGINOX_RECORDED_SETTER(FillStyle, int16_t, Num)
+    PAGINOX_RECORDED_SETTER(DrawStyle, int16_t, Num)
+    PAGINOX_RECORDED_SETTER(DrawWidth, int16_t, Num)
+    PAGINOX_RECORDED_SETTER(BackMode, int16_t, Num)
+    PAGINOX_RECORDED_SETTER(CurrentX, float, Num)
+    PAGINOX_RECORDED_SETTER(CurrentY, float, Num)
+#undef PAGINOX_RECORDED_SETTER
 
     void Clear() override {
         Add("Clear " + Colour(BackColor()));
@@ -80,7 +60,9 @@ class RecordingSurface : public DrawingSurface {
     float TextWidth(const std::string& text) override {
         return kCharWidth * static_cast<float>(text.size());
     }
-    float TextHeight(const std::string&) override { return kLineHeight; }
+    float TextHeight(const std::string&) override {
+        return kLineHeight;
+    }
     void Print(const std::string& text) override {
         Add("Print '" + text + "' at " + Num(CurrentX()) + "," + Num(CurrentY()) + " " +
             Colour(ForeColor()));
@@ -123,10 +105,14 @@ class RecordingSurface : public DrawingSurface {
         out << v;
         return out.str();
     }
-    static std::string Pt(double x, double y) { return "(" + Num(x) + "," + Num(y) + ")"; }
+    static std::string Pt(double x, double y) {
+        return "(" + Num(x) + "," + Num(y) + ")";
+    }
 
   private:
-    void Add(std::string s) { calls.push_back(std::move(s)); }
+    void Add(std::string s) {
+        calls.push_back(std::move(s));
+    }
     RectClass scale_;
 };
 

@@ -12,24 +12,16 @@
 using namespace paginox;
 
 namespace {
-
-const std::string kSampleSystem = std::string(PAGINOX_SAMPLE_DIR) + "/System";
 const std::string kSamplePage = std::string(PAGINOX_SAMPLE_DIR) + "/User Files/Pages/Poster.pag";
 
-struct Render {
-    int status;
-    std::string err;
-    QImage image;
-};
-
-Render RunRender(const test::TempDir& dir, std::vector<std::string> extra) {
+// The render command's status and the image it wrote to dir/out.png.
+std::pair<int, QImage> Render(const test::TempDir& dir, std::vector<std::string> args) {
     setenv("QT_QPA_PLATFORM", "offscreen", 0);  // the tool honours a platform already chosen
-    std::string out = dir / "out.png";
-    std::vector<std::string> args = {"--data", kSampleSystem, "render"};
-    args.insert(args.end(), extra.begin(), extra.end());
-    std::ostringstream o, e;
-    int status = RunTool(args, o, e);
-    return {status, e.str(), QImage(QString::fromStdString(out))};
+    args.insert(args.begin(), {"--data", std::string(PAGINOX_SAMPLE_DIR) + "/System", "render"});
+    std::ostringstream out, err;
+    int status = RunTool(args, out, err);
+    EXPECT_EQ(err.str().find("Usage") != std::string::npos, status == kExitUsage) << err.str();
+    return {status, QImage(QString::fromStdString(dir / "out.png"))};
 }
 
 bool HasBlue(const QImage& image) {
@@ -41,31 +33,28 @@ bool HasBlue(const QImage& image) {
     }
     return false;
 }
-
 }  // namespace
 
 TEST(RenderCommand, ThumbnailAndPreviewOfASamplePage) {
     test::TempDir dir;
     std::string out = dir / "out.png";
-    Render thumb = RunRender(dir, {kSamplePage, "-o", out, "--size", "320x240"});
-    ASSERT_EQ(thumb.status, 0) << thumb.err;
-    ASSERT_EQ(thumb.image.size(), QSize(320, 240));
+    auto [status, thumb] = Render(dir, {kSamplePage, "-o", out, "--size", "320x240"});
+    ASSERT_EQ(status, 0);
+    ASSERT_EQ(thumb.size(), QSize(320, 240));
     // The 705 x 581 page is relatively taller than the image: its outline runs along the top
     // and bottom rows, all of it on the image.
-    EXPECT_EQ(thumb.image.pixelColor(160, 0), QColor(0, 0, 0));
-    EXPECT_EQ(thumb.image.pixelColor(160, 239), QColor(0, 0, 0));
-    EXPECT_TRUE(HasBlue(thumb.image));  // labels
-
+    EXPECT_EQ(thumb.pixelColor(160, 0), QColor(0, 0, 0));
+    EXPECT_EQ(thumb.pixelColor(160, 239), QColor(0, 0, 0));
+    EXPECT_TRUE(HasBlue(thumb));  // labels
     // The sample picture lies beside the page: with pictures the thumbnail shows it.
-    Render bare = RunRender(dir, {kSamplePage, "-o", out, "--size", "320x240", "--no-pictures"});
-    ASSERT_EQ(bare.status, 0) << bare.err;
-    EXPECT_NE(bare.image, thumb.image);
+    EXPECT_NE(Render(dir, {kSamplePage, "-o", out, "--size", "320x240", "--no-pictures"}).second,
+              thumb);
 
-    Render preview = RunRender(dir, {"--interactive", kSamplePage, "-o", out, "--no-labels"});
-    ASSERT_EQ(preview.status, 0) << preview.err;
-    EXPECT_GT(preview.image.width(), 100);  // the format's own size
-    EXPECT_EQ(preview.image.pixelColor(2, 2), QColor(192, 192, 192));
-    EXPECT_FALSE(HasBlue(preview.image));
+    auto [ok, preview] = Render(dir, {"--interactive", kSamplePage, "-o", out, "--no-labels"});
+    ASSERT_EQ(ok, 0);
+    EXPECT_GT(preview.width(), 100);  // the format's own size
+    EXPECT_EQ(preview.pixelColor(2, 2), QColor(192, 192, 192));
+    EXPECT_FALSE(HasBlue(preview));
 }
 
 TEST(RenderCommand, UsageErrorsAndFailures) {
@@ -80,21 +69,18 @@ TEST(RenderCommand, UsageErrorsAndFailures) {
                                                {kSamplePage},
                                                {"-o", out},
                                                {kSamplePage, "-o", out, "--bogus"}}) {
-        Render r = RunRender(dir, args);
-        EXPECT_EQ(r.status, 2) << args.back();
-        EXPECT_NE(r.err.find("Usage"), std::string::npos);
+        EXPECT_EQ(Render(dir, args).first, kExitUsage) << args.back();
     }
     test::RecordingMessages messages;
-    EXPECT_EQ(RunRender(dir, {dir / "none.pag", "-o", out}).status, 1);
-    EXPECT_EQ(RunRender(dir, {kSamplePage, "-o", dir / "no/such/folder.png"}).status, 1);
+    EXPECT_EQ(Render(dir, {dir / "none.pag", "-o", out}).first, kExitFailure);
+    EXPECT_EQ(messages.Last().substr(0, 11), "Open Error:");
+    EXPECT_EQ(Render(dir, {kSamplePage, "-o", dir / "no/such/folder.png"}).first, kExitFailure);
+    EXPECT_EQ(messages.shown.back().text.rfind("Error whilst writing the image ", 0), 0u);
     // Saved as pages are: an image that cannot be replaced keeps every byte.
     std::string kept = dir.Write("kept.png", "old");
     std::filesystem::permissions(kept, std::filesystem::perms::owner_read);
-    EXPECT_EQ(RunRender(dir, {kSamplePage, "-o", kept}).status, 1);
+    EXPECT_EQ(Render(dir, {kSamplePage, "-o", kept}).first, kExitFailure);
     EXPECT_EQ(test::ReadAll(kept), "old");
-    ASSERT_EQ(messages.shown.size(), 3u);
-    EXPECT_EQ(messages.shown[0].title, "Open Error");
-    EXPECT_EQ(messages.shown[1].text.rfind("Error whilst writing the image ", 0), 0u);
 }
 
 TEST(RenderCommand, ADamagedPageIsDrawnAsFarAsItGoesWithWarnings) {
@@ -111,9 +97,9 @@ TEST(RenderCommand, ADamagedPageIsDrawnAsFarAsItGoesWithWarnings) {
     std::string page = dir.Write("damaged.pag", bytes);
 
     test::RecordingMessages messages;
-    Render r = RunRender(dir, {page, "-o", dir / "out.png"});
-    EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_FALSE(r.image.isNull());
+    auto [status, image] = Render(dir, {page, "-o", dir / "out.png"});
+    EXPECT_EQ(status, 0);
+    EXPECT_FALSE(image.isNull());
     ASSERT_EQ(messages.shown.size(), 2u);
     EXPECT_EQ(messages.shown[0].title, "Warning");
     EXPECT_EQ(messages.shown[0].text,

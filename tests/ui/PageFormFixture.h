@@ -33,33 +33,32 @@ inline void SettleEvents() {
     for (int i = 0; i < 4; ++i) QApplication::processEvents();
 }
 
-// File dialogs answer in order: a path, or nothing for Cancel. Every dialog is remembered.
+// Dialogs answer in order: a file path or a choice, or nothing for Cancel. File dialogs are
+// remembered.
 class ScriptedDialogs : public EditorDialogs {
   public:
     std::deque<std::optional<std::string>> Answers;
-    std::deque<int> Choices;
+    std::deque<std::optional<int>> Choices;
     std::vector<FileDialogSpec> Shown;
 
     std::optional<std::string> OpenFile(QWidget*, const FileDialogSpec& request) override {
-        return Next(request);
+        Shown.push_back(request);
+        return Next(Answers);
     }
-    std::optional<std::string> SaveFile(QWidget*, const FileDialogSpec& request) override {
-        return Next(request);
+    std::optional<std::string> SaveFile(QWidget* w, const FileDialogSpec& request) override {
+        return OpenFile(w, request);
     }
     std::optional<int> ChooseItem(QWidget*, const QString&, const QString&,
                                   const QStringList&) override {
-        if (Choices.empty()) return std::nullopt;
-        int c = Choices.front();
-        Choices.pop_front();
-        return c;
+        return Next(Choices);
     }
 
   private:
-    std::optional<std::string> Next(const FileDialogSpec& request) {
-        Shown.push_back(request);
-        if (Answers.empty()) return std::nullopt;
-        std::optional<std::string> a = Answers.front();
-        Answers.pop_front();
+    template <class T>
+    static std::optional<T> Next(std::deque<std::optional<T>>& answers) {
+        if (answers.empty()) return std::nullopt;
+        std::optional<T> a = answers.front();
+        answers.pop_front();
         return a;
     }
 };
@@ -80,7 +79,7 @@ class PageFormFixture {
         form->resize(1200, 860);
         form->Load(commandLineExtra + (withFile ? " \"" + page + "\"" : ""));
         form->show();
-        QTest::qWaitForWindowExposed(form.get());
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(form.get()));
         QApplication::processEvents();
     }
     ~PageFormFixture() {
@@ -88,6 +87,10 @@ class PageFormFixture {
         form.reset();
     }
 
+    template <class T = QAction>
+    T* Child(const char* name) {
+        return form->findChild<T*>(name);
+    }
     PreviewWidget* Preview() { return form->Preview(); }
     PageObject& Object(int16_t k) { return *state.CurrentFormat->Object(k); }
     const PageObjectClass& Class(int16_t k) { return state.CurrentFormat->POClass(k); }
@@ -105,9 +108,12 @@ class PageFormFixture {
         if (Class(k).Shape() == kShapeTriangle) return {r.Left() + 4, r.Bottom() - 4};
         return {r.CenterX(), r.CenterY()};
     }
+    // A click on object k (0: on the grey around the page).
+    void Click(int16_t k, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(Preview(), button, {}, k ? Inside(k) : QPoint(3, 3));
+    }
     void Trigger(const char* action) {
-        QAction* a = form->findChild<QAction*>(action);
-        if (a) a->trigger();
+        if (QAction* a = Child(action)) a->trigger();
         QApplication::processEvents();
     }
     // A press, a move in two steps and a release with the left button.
