@@ -37,10 +37,12 @@ clean:
 	rm -rf $(BUILD)
 
 # Fuzz targets for the file readers (clang + libFuzzer), in their own build folder and not part
-# of "make test": builds them, then runs each for FUZZ_TIME seconds, FUZZ_JOBS at a time.
+# of "make test": builds them, then runs each for FUZZ_TIME seconds, FUZZ_JOBS at a time
+# (FUZZ_TARGETS="page draw" runs only those).
 FUZZ_BUILD ?= build-fuzz
 FUZZ_TIME  ?= 30
 FUZZ_JOBS  ?= 1
+FUZZ_TARGETS ?=
 # The whole test suite under AddressSanitizer and UndefinedBehaviorSanitizer.
 ASAN_BUILD ?= build-asan
 
@@ -53,7 +55,7 @@ $(FUZZ_BUILD)/build.ninja:
 fuzz: $(FUZZ_BUILD)/build.ninja
 	@bash scripts/install-deps.sh fuzz
 	cmake --build $(FUZZ_BUILD)
-	bash fuzz/run.sh $(FUZZ_BUILD) $(FUZZ_TIME) $(FUZZ_JOBS) $(BUILD)/sample
+	bash fuzz/run.sh $(FUZZ_BUILD) $(FUZZ_TIME) $(FUZZ_JOBS) $(BUILD)/sample $(FUZZ_TARGETS)
 
 $(ASAN_BUILD)/build.ninja:
 	@$(MAKE) --no-print-directory deps

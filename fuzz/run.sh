@@ -2,13 +2,14 @@
 # Runs every fuzz target for SECONDS each, JOBS at a time, starting from seeds taken from the
 # sample data when it has been built. Inputs that crash, hang or allocate too much are kept in
 # BUILD/findings/<target>/; each run's log is BUILD/logs/<target>.log.
-#   fuzz/run.sh BUILD SECONDS JOBS SAMPLE
+#   fuzz/run.sh BUILD SECONDS JOBS SAMPLE [TARGET...]   (default: every target)
 set -euo pipefail
 build=${1:-build-fuzz}
 seconds=${2:-30}
 jobs=${3:-1}
 sample=${4:-build/sample}
 targets=(page draw object_classes column_lists rulerships number_lists settings)
+if [ $# -gt 4 ]; then targets=("${@:5}"); fi
 
 seed() {
     local target=$1
