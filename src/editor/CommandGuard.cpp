@@ -20,9 +20,15 @@ EditorSnapshot::EditorSnapshot(const EditorState& state)
 
 void EditorSnapshot::Restore(EditorState& state) const {
     state.CurrentFile = currentFile_;
-    // A copy again, so that the snapshot could serve a second time.
-    state.Page = page_ ? page_->Clone() : nullptr;
     state.SavedPage = savedPage_;
+    state.PageChanged = pageChanged_;
+    state.PendingReset = pendingReset_;
+    RestorePage(state);
+}
+
+void EditorSnapshot::RestorePage(EditorState& state) const {
+    // A copy again, so that the snapshot can serve any number of times.
+    state.Page = page_ ? page_->Clone() : nullptr;
     state.CurrentFormat = nullptr;
     state.CurrentFormatIndex = 0;
     if (state.Page && formatIndex_ >= 1 && formatIndex_ <= state.Page->NumFormats()) {
@@ -30,8 +36,6 @@ void EditorSnapshot::Restore(EditorState& state) const {
     }
     state.SelectedObject = selectedObject_;
     state.PreviousSelectedObject = previousSelectedObject_;
-    state.PageChanged = pageChanged_;
-    state.PendingReset = pendingReset_;
 }
 
 std::string CommandFailedText(const std::string& what, const std::string& description) {

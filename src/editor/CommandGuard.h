@@ -18,7 +18,11 @@ class PageClass;
 class EditorSnapshot {
   public:
     explicit EditorSnapshot(const EditorState& state);
+    // Everything back as it was.
     void Restore(EditorState& state) const;
+    // The page, the format shown and the selection only (undoing an edit keeps the file and
+    // what was last saved).
+    void RestorePage(EditorState& state) const;
 
   private:
     std::string currentFile_;

@@ -53,10 +53,7 @@ PageForm::PageForm(EditorState& state, EditorDialogs& dialogs, QWidget* parent)
       dialogs_(dialogs),
       undo_([this](int32_t id, const PropertyValue& v, int16_t f, int16_t o,
                    int16_t s) { SetProperty(state_, id, v, f, o, s); },
-            [this](bool canUndo, bool canRedo) {
-                if (auto* a = findChild<QAction*>("mnuUndo")) a->setEnabled(canUndo);
-                if (auto* a = findChild<QAction*>("mnuRedo")) a->setEnabled(canRedo);
-            }),
+            [this](bool, bool) { UpdateUndoMenus(); }),
       flow_(state, *this) {
     setObjectName("PageForm");
     setWindowTitle("Paginox");
@@ -352,8 +349,7 @@ void PageForm::RefreshUI(bool updateAll) {
     properties_->Rebuild();
     std::shared_ptr<PageObject> obj = state_.Selected();
     properties_->EditColumnsButton()->setEnabled(obj && obj->POClass().HasFlexibleListColumns());
-    findChild<QAction*>("mnuUndo")->setEnabled(undo_.CanUndo());
-    findChild<QAction*>("mnuRedo")->setEnabled(undo_.CanRedo());
+    UpdateUndoMenus();
     UpdateMenuState();
 }
 
@@ -437,8 +433,14 @@ int PageForm::ScreenLogPixels() {
     return s ? static_cast<int>(s->logicalDotsPerInchX() + 0.5) : 96;
 }
 
+void PageForm::UpdateUndoMenus() {
+    // The history's own order decides, not the property stacks alone.
+    if (auto* a = findChild<QAction*>("mnuUndo")) a->setEnabled(history_.CanUndo());
+    if (auto* a = findChild<QAction*>("mnuRedo")) a->setEnabled(history_.CanRedo());
+}
+
 void PageForm::PageReplaced() {
-    undo_.Clear();
+    history_.Clear();
     state_.Rects = PreviewRects{};
     state_.SelectionMarks.Clear();
 }

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "editor/DocumentFlow.h"
+#include "editor/EditorHistory.h"
 #include "editor/UndoManager.h"
 
 class QAction;
@@ -42,7 +43,7 @@ class PageForm : public QMainWindow, private DocumentHost {
     void RefreshUI(bool updateAll) override;
 
     EditorState& State() { return state_; }
-    UndoManager& History() { return undo_; }
+    EditorHistory& History() { return history_; }
     DocumentFlow& Document() { return flow_; }
     PreviewWidget* Preview() const { return preview_; }
     PropertyPanel* Properties() const { return properties_; }
@@ -86,6 +87,7 @@ class PageForm : public QMainWindow, private DocumentHost {
     void FinishPendingReset();
     void UpdateMenuState();
     void FillSizeList();
+    void UpdateUndoMenus();
     void FollowRestoredPage();
 
     // Events of the controls.
@@ -108,12 +110,15 @@ class PageForm : public QMainWindow, private DocumentHost {
     void PositionObject();
     void EditColumns();
     void UndoOrRedo(bool redo);
+    // Runs a change of the page's structure as one undoable step; true when it changed.
+    bool Structural(const std::function<bool()>& change);
     void HelpContents();
     void ShowPageSummary();
 
     EditorState& state_;
     EditorDialogs& dialogs_;
     UndoManager undo_;
+    EditorHistory history_{state_, undo_};
     DocumentFlow flow_;
     QTimer recoveryTimer_;
     bool objectClickUpdate_ = true;

@@ -14,6 +14,7 @@
 #include "core/AnsiText.h"
 #include "core/MessageService.h"
 #include "core/RuntimeError.h"
+#include "editor/CommandGuard.h"
 #include "editor/EditStep.h"
 #include "editor/EditorState.h"
 #include "editor/FileRoutines.h"
@@ -124,9 +125,8 @@ void PageForm::DeletePageSize() {
                         "Confirm Deletion", MsgButtons::OkCancel, MsgIcon::None) != MsgAnswer::Ok) {
         return;
     }
+    EditorSnapshot before(state_);
     state_.Page->DeleteFormat(state_.CurrentFormatIndex);
-    // Format indices in the history no longer name the same formats.
-    undo_.Clear();
     {
         QSignalBlocker block(sizes_);
         delete sizes_->takeItem(state_.CurrentFormatIndex - 1);
@@ -136,30 +136,42 @@ void PageForm::DeletePageSize() {
     sizes_->setCurrentRow(-1);
     sizes_->setCurrentRow(0);
     state_.PageChanged = true;
+    history_.RecordStructural(before);
+    UpdateMenuState();
+}
+
+bool PageForm::Structural(const std::function<bool()>& change) {
+    EditorSnapshot before(state_);
+    if (!change()) return false;
+    history_.RecordStructural(before);
+    return true;
 }
 
 void PageForm::AddObject() {
-    InsertDialog dialog(state_, ObjectClasses(), this);
-    if (dialog.exec() == QDialog::Accepted) RefreshUI(true);
+    if (Structural([this] {
+            InsertDialog dialog(state_, ObjectClasses(), this);
+            return dialog.exec() == QDialog::Accepted;
+        })) {
+        RefreshUI(true);
+    }
 }
 
 void PageForm::CopyObject() {
-    if (CopySelectedObject(state_)) RefreshUI(true);
+    if (Structural([this] { return CopySelectedObject(state_); })) RefreshUI(true);
 }
 
 void PageForm::DeleteSelectedObject() {
     int16_t index = static_cast<int16_t>(properties_->ObjectSelector()->currentIndex());
-    if (!DeleteObject(state_, index, false)) return;
-    // Later objects moved down: the history's object indices no longer hold.
-    undo_.Clear();
+    if (!Structural([&] { return DeleteObject(state_, index, false); })) return;
     RefreshUI(true);
     properties_->EditColumnsButton()->setEnabled(false);
 }
 
 void PageForm::MoveToFront(bool front) {
-    if (!(front ? MoveSelectedToFront(state_) : MoveSelectedToBack(state_))) return;
-    undo_.Clear();
-    RefreshUI(true);
+    if (Structural(
+            [&] { return front ? MoveSelectedToFront(state_) : MoveSelectedToBack(state_); })) {
+        RefreshUI(true);
+    }
 }
 
 void PageForm::AlignObject() {
@@ -201,16 +213,12 @@ void PageForm::EditColumns() {
 }
 
 void PageForm::UndoOrRedo(bool redo) {
-    try {
-        if (redo) {
-            undo_.Redo();
-        } else {
-            undo_.Undo();
-        }
-    } catch (const RuntimeError& e) {
-        ShowMessage(e.Description(), "", MsgIcon::Exclamation);
+    // A structural step replaces the page: the size list and the selection follow it.
+    if (redo ? history_.Redo() : history_.Undo()) {
+        FollowRestoredPage();
+    } else {
+        RefreshUI(true);
     }
-    RefreshUI(true);
 }
 
 void PageForm::HelpContents() {
