@@ -122,15 +122,32 @@ bool CommitDrag(EditorState& state, EditStep& step, int16_t dragMode, float dx, 
     // The drawing places every shape by its top-left corner (Origin), a wheel included, so
     // that is the point a move or resize sets; a wheel's own centre would shift it by its
     // radius on every drag.
-    float originX = margin.PropX(static_cast<float>(moved.Left()));
-    float originY = margin.PropY(static_cast<float>(moved.Top()));
+    // Where the drag would put the object, kept on the page: a move stops at the page's
+    // edges, a resize at the edge it pulls (ForceInsideFrame then moves nothing).
+    PageObject landed;
+    for (int16_t axis = 1; axis <= 2; ++axis) landed.SetLength(axis, obj->Length(axis));
+    landed.SetOrigin(1, margin.PropX(static_cast<float>(moved.Left())));
+    landed.SetOrigin(2, margin.PropY(static_cast<float>(moved.Top())));
+    if (dragMode != kDragMove) {
+        landed.SetLength(1, static_cast<float>(CheckedFloatDiv(moved.Width(), margin.Width())));
+        landed.SetLength(2, static_cast<float>(CheckedFloatDiv(moved.Height(), margin.Height())));
+        for (int16_t axis = 1; axis <= 2; ++axis) {
+            float origin = landed.Origin(axis);
+            float length = landed.Length(axis);
+            if (origin < 0) length += origin, origin = 0;
+            if (origin + length > 1) length = 1 - origin;
+            landed.SetOrigin(axis, origin);
+            landed.SetLength(axis, length);
+        }
+    }
+    landed.ForceInsideFrame();
+    float originX = landed.Origin(1);
+    float originY = landed.Origin(2);
     if (dragMode == kDragMove) {
         bool changed = step.Set(kPropOrigin, originX, f, k, 1);
         return step.Set(kPropOrigin, originY, f, k, 2) || changed;
     }
-    const float newValues[4] = {
-        originX, originY, static_cast<float>(CheckedFloatDiv(moved.Width(), margin.Width())),
-        static_cast<float>(CheckedFloatDiv(moved.Height(), margin.Height()))};
+    const float newValues[4] = {originX, originY, landed.Length(1), landed.Length(2)};
     bool changed = false;
     for (int16_t axis = 1; axis <= 2; ++axis) {
         float oldOrigin = obj->Origin(axis);

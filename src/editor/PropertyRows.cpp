@@ -1,5 +1,7 @@
 #include "editor/PropertyRows.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <filesystem>
 
@@ -312,7 +314,17 @@ std::vector<PropertyRow> BuildPropertyRows(const EditorState& state) {
     return rows;
 }
 
-std::string RowValueText(const EditorState& state, const PropertyRow& row) {
+std::string ShownNumber(double v, char separator) {
+    double rounded = std::round(v * 1e4) / 1e4;
+    if (rounded == 0) rounded = 0;  // no "-0"
+    char buffer[64];
+    auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, rounded);
+    std::string text = ec == std::errc() ? std::string(buffer, end) : std::string();
+    std::replace(text.begin(), text.end(), '.', separator);
+    return text;
+}
+
+std::string RowValueText(const EditorState& state, const PropertyRow& row, char separator) {
     int16_t formatIndex = 0;
     int16_t objectIndex = 0;
     PropertyValue value = GetProperty(state, row.Id, formatIndex, objectIndex, row.SubIndex);
@@ -326,12 +338,22 @@ std::string RowValueText(const EditorState& state, const PropertyRow& row) {
             }
             return PropertyText(value);
         }
+        case RowKind::Number:
+            if (const float* f = std::get_if<float>(&value)) return ShownNumber(*f, separator);
+            if (const double* d = std::get_if<double>(&value)) return ShownNumber(*d, separator);
+            return PropertyText(value);
         default:
             return PropertyText(value);
     }
 }
 
-RowInput ParseRowInput(const PropertyRow& row, const std::string& text) {
+// The typed text with the user's decimal separator turned into ".".
+std::string WithPoint(std::string text, char separator) {
+    std::replace(text.begin(), text.end(), separator, '.');
+    return text;
+}
+
+RowInput ParseRowInput(const PropertyRow& row, const std::string& text, char separator) {
     switch (row.Kind) {
         case RowKind::Text:
         case RowKind::File: {
@@ -358,19 +380,17 @@ RowInput ParseRowInput(const PropertyRow& row, const std::string& text) {
             return Invalid(row.Label + " must be one of the values in its list.");
         }
         case RowKind::Angle: {
-            std::optional<double> degrees = ParseAngle(text);
+            std::optional<double> degrees = ParseAngle(WithPoint(text, separator));
             if (!degrees) return {std::nullopt, AngleErrorText(), kAngleErrorTitle};
             if (*degrees < row.Min || *degrees > row.Max) return Invalid(RangeMessage(row));
             return {PropertyValue(*degrees), "", ""};
         }
         case RowKind::Number: {
-            std::string t = TrimNumber(text);
+            // Read the same whatever the program's locale: from_chars only knows ".".
+            std::string t = WithPoint(TrimNumber(text), separator);
             double v = 0;
-            try {
-                size_t used = 0;
-                v = std::stod(t, &used);
-                if (used != t.size() || !std::isfinite(v)) return Invalid(RangeMessage(row));
-            } catch (const std::exception&) {
+            auto [end, ec] = std::from_chars(t.data(), t.data() + t.size(), v);
+            if (t.empty() || ec != std::errc() || end != t.data() + t.size() || !std::isfinite(v)) {
                 return Invalid(RangeMessage(row));
             }
             if (v < row.Min || v > row.Max || (row.Whole && v != std::floor(v))) {
@@ -383,36 +403,55 @@ RowInput ParseRowInput(const PropertyRow& row, const std::string& text) {
     return Invalid(RangeMessage(row));
 }
 
+// Each picker's own filter comes first, as the host's users know it (the body element and
+// extra ring filters name "*.ast" though their files end otherwise; kept). Then every
+// extension the row's files can have, and every file: the host keeps other files in the same
+// folders, and a user may have named one differently.
+#define ALL_FILES "|All Files (*.*)|*"
+
 PickerSpec PickerFor(FilePicker picker) {
     switch (picker) {
-        case FilePicker::Wheel:
-            return {"Wheel File", "Wheel Files (*.wh)|*.wh", "wh", kWheelsFolder, false};
+        case FilePicker::Wheel:  // the extension names the chart count
+            return {"Wheel File",
+                    "Wheel Files (*.wh)|*.wh|Wheel Files (*.wh1 to *.wh5)|"
+                    "*.wh1;*.wh2;*.wh3;*.wh4;*.wh5" ALL_FILES,
+                    "wh", kWheelsFolder, false};
         case FilePicker::Points:
-            return {"Points File", "Points Files (*.pts)|*.pts", "pts", kPointsFolder, false};
+            return {"Points File", "Points Files (*.pts)|*.pts" ALL_FILES, "pts", kPointsFolder,
+                    false};
         case FilePicker::Aspects:
-            return {"Aspects File", "Aspect Files (*.asp)|*.asp", "asp", kAspectsFolder, false};
+            return {"Aspects File", "Aspect Files (*.asp)|*.asp" ALL_FILES, "asp", kAspectsFolder,
+                    false};
         case FilePicker::Graphic:
             return {"Graphic File",
                     "All Graphics Files|*.bmp;*.rle;*.wmf;*.emf;*.jpg;*.jpeg;*.ico|Bitmaps "
-                    "(*.bmp)|*.bmp|Metafiles (*.wmf)|*.wmf|JPEG (*.jpg;*.jpeg)|*.jpg;*.jpeg",
+                    "(*.bmp)|*.bmp|Metafiles (*.wmf)|*.wmf|JPEG (*.jpg;*.jpeg)|*.jpg;*.jpeg|"
+                    "Other Pictures (*.png;*.gif;*.svg)|*.png;*.gif;*.svg" ALL_FILES,
                     "bmp", kUserFolder, true};
         case FilePicker::Dignity:
-            return {"Dignity File", "Dignity/Almuten Files|*.alm", "alm", kAlmutensFolder, false};
+            return {"Dignity File", "Dignity/Almuten Files|*.alm" ALL_FILES, "alm", kAlmutensFolder,
+                    false};
         case FilePicker::Star:
-            return {"Star File", "Fixed Star Files|*.fst", "fst", kPointsFolder, false};
+            return {"Star File", "Fixed Star Files|*.fst" ALL_FILES, "fst", kPointsFolder, false};
         case FilePicker::ArabicPart:
-            return {"Arabic Part File", "Arabic Part Files|*.arp", "arp", kPointsFolder, false};
+            return {"Arabic Part File", "Arabic Part Files|*.arp" ALL_FILES, "arp", kPointsFolder,
+                    false};
         case FilePicker::Asteroid:
-            return {"Asteroid File", "Asteroid Files|*.ast", "ast", kPointsFolder, false};
+            return {"Asteroid File", "Asteroid Files|*.ast" ALL_FILES, "ast", kPointsFolder, false};
         case FilePicker::BodyElements:
-            return {"Body Elements File", "Body Element Files|*.ast", "dat", kPointsFolder, false};
+            return {"Body Elements File",
+                    "Body Element Files|*.ast|Body Element Files (*.dat)|*.dat" ALL_FILES, "dat",
+                    kPointsFolder, false};
         case FilePicker::ExtraPoints:
-            return {"Extra Points File", "Extra Ring Files|*.ast", "pte", kPointsFolder, false};
+            return {"Extra Points File",
+                    "Extra Ring Files|*.ast|Extra Ring Files (*.pte)|*.pte" ALL_FILES, "pte",
+                    kPointsFolder, false};
         case FilePicker::None:
             break;
     }
     return {"File", "All Files|*", "", kUserFolder, true};
 }
+#undef ALL_FILES
 
 std::string PickedFileValue(FilePicker picker, const std::string& path) {
     if (PickerFor(picker).KeepFullPath) return Utf8ToCp1252(path);

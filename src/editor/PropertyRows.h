@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/NumberFormat.h"
 #include "editor/Properties.h"
 
 namespace paginox {
@@ -71,7 +72,8 @@ inline constexpr int16_t kUserCaptionObjectType = 40;
 std::vector<PropertyRow> BuildPropertyRows(const EditorState& state);
 
 // The row's current value as the list shows it (Windows-1252).
-std::string RowValueText(const EditorState& state, const PropertyRow& row);
+std::string RowValueText(const EditorState& state, const PropertyRow& row,
+                         char separator = UserDecimalSeparator());
 
 // The value typed (Windows-1252) checked against the row: the value to store, or the message
 // that explains what is wrong (Title for the message box).
@@ -80,7 +82,13 @@ struct RowInput {
     std::string Message;
     std::string Title;
 };
-RowInput ParseRowInput(const PropertyRow& row, const std::string& text);
+// Numbers and angles may be typed with "." or with separator, the user's decimal separator.
+RowInput ParseRowInput(const PropertyRow& row, const std::string& text,
+                       char separator = UserDecimalSeparator());
+
+// A number as the list shows it: rounded to at most four decimals, no trailing zeros, with
+// the user's decimal separator (a dragged object's 0.54456824 shows as 0.5446).
+std::string ShownNumber(double v, char separator = UserDecimalSeparator());
 
 inline constexpr const char* kInvalidValueTitle = "Invalid Value";
 

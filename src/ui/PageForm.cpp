@@ -146,7 +146,7 @@ void PageForm::BuildControls() {
     drawNote_ = new QLabel(this);
     drawNote_->setObjectName("lblDrawNote");
     drawNote_->setVisible(false);
-    statusBar()->addPermanentWidget(drawNote_, 1);
+    statusBar()->addWidget(drawNote_, 1);
     connect(preview_, &PreviewWidget::drawNoteChanged, this, [this](const QString& note) {
         drawNote_->setText(note);
         drawNote_->setToolTip(note);

@@ -8,8 +8,10 @@
 #include <QPushButton>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
+#include "core/AnsiText.h"
 #include "core/MessageService.h"
 #include "core/RuntimeError.h"
 #include "editor/EditStep.h"
@@ -49,6 +51,7 @@ class PropertyDelegate : public QStyledItemDelegate {
                 emit self->commitData(combo);
                 emit self->closeEditor(combo);
             });
+            QTimer::singleShot(0, combo, [combo] { combo->showPopup(); });
             return combo;
         }
         auto* edit = new QLineEdit(parent);
@@ -101,6 +104,13 @@ PropertyPanel::PropertyPanel(EditorState& state, UndoManager& undo, EditorDialog
     list_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                            QAbstractItemView::AnyKeyPressed);
     list_->setItemDelegateForColumn(1, new PropertyDelegate(*this));
+    // A choice is made in one click: the click opens the row's list of choices at once.
+    connect(list_, &QTableWidget::cellClicked, this, [this](int row, int) {
+        if (row < 0 || row >= static_cast<int>(rows_.size())) return;
+        RowKind kind = rows_[static_cast<size_t>(row)].Kind;
+        if (kind == RowKind::Boolean || kind == RowKind::Choice)
+            list_->editItem(list_->item(row, 1));
+    });
     help_ = new QLabel(this);
     help_->setObjectName("lblPropHelp");
     help_->setWordWrap(true);
@@ -206,6 +216,8 @@ void PropertyPanel::ShowHelp() {
 bool PropertyPanel::ApplyText(int row, const QString& text) {
     if (row < 0 || row >= static_cast<int>(rows_.size())) return false;
     const PropertyRow r = rows_[static_cast<size_t>(row)];
+    // Leaving a value as it is shown writes nothing: a rounded 0.5446 stays 0.54456824.
+    if (ToAnsi(text.trimmed()) == Trim(RowValueText(state_, r))) return false;
     RowInput input = ParseRowInput(r, ToAnsi(text));
     if (!input.Value) {
         Messages().Show(input.Message, input.Title, MsgButtons::Ok, MsgIcon::Exclamation);
