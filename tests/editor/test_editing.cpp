@@ -3,7 +3,9 @@
 #include "editor/EditStep.h"
 #include "editor/EditorFixture.h"
 #include "editor/EditorHistory.h"
+#include "editor/Manipulation.h"
 #include "editor/ObjectCommands.h"
+#include "editor/PropertyRows.h"
 #include "editor/UndoManager.h"
 
 using namespace paginox;
@@ -75,6 +77,56 @@ TEST_F(HistoryTest, ANewStepMakesTheUndoneStepsUnavailable) {
     EXPECT_FLOAT_EQ(X(2), 0.05f);
     history.Clear();
     EXPECT_FALSE(history.CanUndo() || history.CanRedo());
+}
+
+}  // namespace
+
+namespace {
+
+TEST(Numbers, TypedWithEitherSeparatorShownRoundedInTheUsersOwn) {
+    PropertyRow number;
+    number.Label = "Width";
+    number.Kind = RowKind::Number;
+    number.Min = 0;
+    number.Max = 1;
+    struct {
+        const char* typed;
+        char separator;
+        std::optional<double> value;
+    } const cases[] = {{"0.5", '.', 0.5},          {"0.5", ',', 0.5},
+                       {"0,25", ',', 0.25},        {" 1 ", ',', 1.0},
+                       {"0,5", '.', std::nullopt}, {"1,2,3", ',', std::nullopt},
+                       {"", ',', std::nullopt},    {"nan", '.', std::nullopt}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.typed);
+        RowInput in = ParseRowInput(number, c.typed, c.separator);
+        ASSERT_EQ(in.Value.has_value(), c.value.has_value());
+        if (c.value) EXPECT_EQ(std::get<double>(*in.Value), *c.value);
+    }
+    PropertyRow angle = number;
+    angle.Kind = RowKind::Angle;
+    angle.Max = 360;
+    EXPECT_EQ(std::get<double>(*ParseRowInput(angle, "22,5", ',').Value), 22.5);
+
+    EXPECT_EQ(ShownNumber(0.54456824f, '.'), "0.5446");
+    EXPECT_EQ(ShownNumber(0.5, ','), "0,5");
+    EXPECT_EQ(ShownNumber(-0.00001, '.'), "0");
+    EXPECT_EQ(ShownNumber(12.0, ','), "12");
+}
+
+TEST_F(HistoryTest, DragsStayOnThePage) {
+    fx.state.SelectedObject = 1;  // the box at (120, 60), 100 x 80 in a 400 x 300 margin
+    {
+        EditStep step(fx.state, properties);
+        ASSERT_TRUE(CommitDrag(fx.state, step, kDragMove, -100, -100));
+    }
+    EXPECT_EQ(fx.Object(1).Origin(1), 0.0f);
+    EXPECT_EQ(fx.Object(1).Origin(2), 0.0f);
+    {
+        EditStep step(fx.state, properties);
+        ASSERT_TRUE(CommitDrag(fx.state, step, kHandleRight, 500, 0));
+    }
+    EXPECT_FLOAT_EQ(fx.Object(1).Length(1), 1.0f - fx.Object(1).Origin(1));
 }
 
 }  // namespace
