@@ -29,31 +29,27 @@ bool EditorHistory::CanRedo() {
 }
 
 bool EditorHistory::Undo() {
-    if (!CanUndo()) return false;
-    Step step = undo_.back();
-    undo_.pop_back();
-    if (step.Before) {
-        step.Before->RestorePage(state_);
-    } else {
-        properties_.Undo();
-        knownPropertySteps_ = properties_.UndoCount();
-    }
-    redo_.push_back(step);
-    return step.Before.has_value();
+    return Replay(undo_, redo_, false);
 }
 
 bool EditorHistory::Redo() {
-    if (!CanRedo()) return false;
-    Step step = redo_.back();
-    redo_.pop_back();
-    if (step.After) {
-        step.After->RestorePage(state_);
+    return Replay(redo_, undo_, true);
+}
+
+bool EditorHistory::Replay(std::vector<Step>& from, std::vector<Step>& to, bool forward) {
+    Sync();
+    if (from.empty()) return false;
+    Step step = from.back();
+    from.pop_back();
+    const std::optional<EditorSnapshot>& page = forward ? step.After : step.Before;
+    if (page) {
+        page->RestorePage(state_);
     } else {
-        properties_.Redo();
+        forward ? properties_.Redo() : properties_.Undo();
         knownPropertySteps_ = properties_.UndoCount();
     }
-    undo_.push_back(step);
-    return step.After.has_value();
+    to.push_back(step);
+    return page.has_value();
 }
 
 void EditorHistory::Clear() {

@@ -41,6 +41,8 @@ class EditorHistory {
     };
     // Takes in the property steps the UndoManager closed since it was last asked.
     void Sync();
+    // Takes the latest step of from back (or forward) and keeps it on to.
+    bool Replay(std::vector<Step>& from, std::vector<Step>& to, bool forward);
 
     EditorState& state_;
     UndoManager& properties_;
