@@ -94,8 +94,8 @@ void PageForm::OnUnexpectedError(const std::string& description) {
 }
 
 QString PageForm::DemoDataNote() {
-    return "Demo data in use: no Veltrane installation was found, so the bundled sample data "
-           "is used.";
+    // Short, so that messages beside it (a written file's path) stay readable.
+    return "Demo data: no Veltrane installation found";
 }
 
 void PageForm::BuildControls() {
@@ -278,6 +278,7 @@ void PageForm::Load(const std::string& commandLine) {
     if (state_.UsingDemoData) {
         auto* note = new QLabel(DemoDataNote(), this);
         note->setObjectName("lblDemoData");
+        note->setToolTip("No Veltrane installation was found, so the bundled sample data is used.");
         statusBar()->addPermanentWidget(note);
     }
     bool opened =
