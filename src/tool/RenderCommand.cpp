@@ -89,29 +89,6 @@ RenderRequest ParseRender(const std::vector<std::string>& args) {
     return r;
 }
 
-// Qt's notes about the desktop session (no runtime folder when offscreen, say) are no
-// concern of the tool's user; everything else Qt says still reaches stderr.
-QtMessageHandler gQtDefaultHandler = nullptr;
-void QuietSessionNotes(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-    if (type == QtWarningMsg && text.startsWith("QStandardPaths: ")) return;
-    if (gQtDefaultHandler) gQtDefaultHandler(type, context, text);
-}
-
-// Fonts need a GUI application; without a display it runs on the offscreen platform.
-void EnsureGuiApplication() {
-    if (QGuiApplication::instance()) return;
-    gQtDefaultHandler = qInstallMessageHandler(QuietSessionNotes);
-    if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") &&
-        !std::getenv("QT_QPA_PLATFORM")) {
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    }
-    static int argc = 1;
-    static char name[] = "paginox-tool";
-    static char* argv[] = {name, nullptr};
-    // Lives as long as the process: fonts stay in use until the very end.
-    new QGuiApplication(argc, argv);
-}
-
 // Encoded in memory and saved as pages are, so that a failure keeps the old image whole.
 bool SavePng(const QImage& image, const std::string& path) {
     QByteArray bytes;

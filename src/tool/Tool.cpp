@@ -30,6 +30,9 @@ const char* kUsage =
     "         [--no-pictures]\n"
     "                   draws format K (default 1) at WxH (default its own size): a\n"
     "                   thumbnail on white, or with --interactive as the editor's preview\n"
+    "  library          the page library's categories and pages as JSON\n"
+    "  thumbnails [--size WxH]\n"
+    "                   makes every missing or stale thumbnail of the library (160x120)\n"
     "\n"
     "Options:\n"
     "  --data DIR       read every definition file from DIR instead of the data folders\n"
@@ -42,14 +45,11 @@ using Command = std::function<int(const ToolOptions&, std::ostream&)>;
 
 const std::map<std::string, Command>& Commands() {
     static const std::map<std::string, Command> commands = {
-        {"classes", CommandClasses},
-        {"folders", CommandFolders},
-        {"info", CommandInfo},
-        {"refs", CommandRefs},
-        {"xml", CommandXml},
-        {"convert", CommandConvert},
-        {"dump", CommandDump},
-        {"render", CommandRender},
+        {"classes", CommandClasses}, {"folders", CommandFolders},
+        {"info", CommandInfo},       {"refs", CommandRefs},
+        {"xml", CommandXml},         {"convert", CommandConvert},
+        {"dump", CommandDump},       {"render", CommandRender},
+        {"library", CommandLibrary}, {"thumbnails", CommandThumbnails},
     };
     return commands;
 }

@@ -24,6 +24,11 @@ struct UsageError {
     std::string message;
 };
 
+// Fills the folder table once, as the editor's start-up does.
+void InitToolFolders();
+// Fonts need a GUI application; without a display it runs on the offscreen platform.
+void EnsureGuiApplication();
+
 // Loads the object class catalogue and the definition lists, from --data or the folders.
 void LoadToolDefinitions(const ToolOptions& options);
 
@@ -40,5 +45,7 @@ int CommandXml(const ToolOptions& options, std::ostream& out);
 int CommandConvert(const ToolOptions& options, std::ostream& out);
 int CommandDump(const ToolOptions& options, std::ostream& out);
 int CommandRender(const ToolOptions& options, std::ostream& out);
+int CommandLibrary(const ToolOptions& options, std::ostream& out);
+int CommandThumbnails(const ToolOptions& options, std::ostream& out);
 
 }  // namespace paginox

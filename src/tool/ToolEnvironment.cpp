@@ -1,3 +1,5 @@
+#include <QGuiApplication>
+#include <cstdlib>
 #include <filesystem>
 #include <ostream>
 
@@ -21,14 +23,6 @@ std::string ProgramFolder() {
     return ec ? std::string(".") : exe.parent_path().string();
 }
 
-// The folder table as start-up fills it: the host's installation, or the demo environment.
-void InitToolFolders() {
-    static bool done = false;
-    if (done) return;
-    InitFolders(FindSampleFolder(ProgramFolder()));
-    done = true;
-}
-
 // Every definition file from one folder, in the order start-up loads them.
 void LoadDefinitionsFrom(const std::string& dir) {
     std::string folder = PathJoin(dir, kNativeSeparator);
@@ -41,6 +35,13 @@ void LoadDefinitionsFrom(const std::string& dir) {
 }
 
 }  // namespace
+
+// The folder table as start-up fills it: the host's installation, or the demo environment.
+// A table already filled (by an earlier command, or a test) is kept.
+void InitToolFolders() {
+    if (!AppFolders().Path(kPagesFolder).empty()) return;
+    InitFolders(FindSampleFolder(ProgramFolder()));
+}
 
 void LoadToolDefinitions(const ToolOptions& options) {
     if (options.dataDir) {
@@ -61,6 +62,30 @@ int CommandFolders(const ToolOptions& options, std::ostream& out) {
     }
     out << "Settings file\t" << folders.SettingsFile() << '\n';
     return kExitOk;
+}
+
+namespace {
+// Qt's notes about the desktop session (no runtime folder when offscreen, say) are no
+// concern of the tool's user; everything else Qt says still reaches stderr.
+QtMessageHandler gQtDefaultHandler = nullptr;
+void QuietSessionNotes(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (type == QtWarningMsg && text.startsWith("QStandardPaths: ")) return;
+    if (gQtDefaultHandler) gQtDefaultHandler(type, context, text);
+}
+}  // namespace
+
+void EnsureGuiApplication() {
+    if (QGuiApplication::instance()) return;
+    gQtDefaultHandler = qInstallMessageHandler(QuietSessionNotes);
+    if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") &&
+        !std::getenv("QT_QPA_PLATFORM")) {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    }
+    static int argc = 1;
+    static char name[] = "paginox-tool";
+    static char* argv[] = {name, nullptr};
+    // Lives as long as the process: fonts stay in use until the very end.
+    new QGuiApplication(argc, argv);
 }
 
 }  // namespace paginox

@@ -14,6 +14,7 @@
 #include "persist/FileIO_Page.h"
 #include "support/Golden.h"
 #include "support/RecordingMessages.h"
+#include "support/ScopedAppFolders.h"
 #include "support/TempDir.h"
 #include "tool/Tool.h"
 
@@ -200,4 +201,33 @@ TEST(ToolUsage, BadCommandLinesExitWithTwoHelpAndVersionWithZero) {
     EXPECT_EQ(help.status, kExitOk);
     EXPECT_NE(help.out.find("Usage: paginox-tool"), std::string::npos);
     EXPECT_EQ(Tool("--version").out.rfind("paginox-tool ", 0), 0u);
+}
+
+TEST(ToolLibrary, CatalogueAsJsonAndThumbnailsMadeOnce) {
+    test::ScopedAppFolders folders;
+    const std::string pages = AppFolders().Path(kPagesFolder);
+    std::filesystem::create_directories(pages);
+    std::filesystem::copy_file(std::string(PAGINOX_SAMPLE_DIR) + "/User Files/Pages/Poster.pag",
+                               pages + "Poster.pag");
+    test::TempDir scratch;
+    std::filesystem::copy_file(scratch.Write("b.pag", "not a page"), pages + "Broken.pag");
+    ToolRun r = Tool("library", true);
+    ASSERT_EQ(r.status, kExitOk) << r.err;
+    QJsonArray categories = QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).array();
+    ASSERT_EQ(categories.size(), 1);
+    EXPECT_EQ(categories[0].toObject()["Category"].toString(), "Added Recently");
+    QJsonArray list = categories[0].toObject()["Pages"].toArray();
+    ASSERT_EQ(list.size(), 2);
+    QJsonObject broken = list[0].toObject(), poster = list[1].toObject();
+    EXPECT_EQ(broken["File"].toString(), "Broken.pag");
+    EXPECT_TRUE(broken["Formats"].isNull());
+    EXPECT_EQ(poster["Title"].toString(), "Poster");
+    EXPECT_EQ(poster["Path"].toString().toStdString(), pages + "Poster.pag");
+    EXPECT_GE(poster["Formats"].toInt(), 1);
+
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    r = Tool("thumbnails --size 80x60", true);
+    EXPECT_EQ(r.status, kExitFailure);  // the broken page
+    EXPECT_EQ(r.out, "1 made, 0 already fresh, 1 could not be drawn\n");
+    EXPECT_EQ(Tool("thumbnails --size 80", true).status, kExitUsage);
 }

@@ -1,0 +1,130 @@
+// The page library from the command line: the catalogue as the browser shows it, and its
+// thumbnails made ahead of time.
+
+#include <ostream>
+
+#include "core/AnsiText.h"
+#include "core/MessageService.h"
+#include "library/ImageCache.h"
+#include "library/PageCatalog.h"
+#include "model/PageClass.h"
+#include "persist/FileIO_Page.h"
+#include "persist/Folders.h"
+#include "tool/JsonWriter.h"
+#include "tool/Tool.h"
+#include "tool/ToolCommands.h"
+
+namespace paginox {
+
+namespace {
+
+// The catalogue after the same import and discovery the browser does; a damaged one is
+// reported the way the browser tells it.
+PageCatalog LoadToolCatalog() {
+    InitToolFolders();
+    PageCatalog catalog = PageCatalog::Load(AppFolders().Path(kPagesFolder));
+    if (!catalog.Problem().empty()) ShowMessage(catalog.Problem(), "Page Browser");
+    return catalog;
+}
+
+void WritePage(JsonWriter& json, const PageCatalog& catalog, const std::string& file) {
+    const std::string path = catalog.PathOf(file);
+    // The first format alone, quietly, as the browser reads pages.
+    auto page = ReadPage(path, 1, false);
+    json.BeginObject();
+    json.Key("File").Ansi(file);
+    json.Key("Path").Ansi(Utf8ToCp1252(path));
+    json.Key("Title").Ansi(page ? page->Title() : std::string());
+    json.Key("Description").Ansi(page ? page->Description() : std::string());
+    json.Key("Formats");
+    if (page) {
+        json.Int(page->NumFormats());
+    } else {
+        json.Null();
+    }
+    json.EndObject();
+}
+
+struct ImageSize {
+    int32_t width = 160;
+    int32_t height = 120;
+};
+
+ImageSize ParseThumbnailArgs(const std::vector<std::string>& args) {
+    const std::string usage = "thumbnails takes [--size WxH] (default 160x120)";
+    ImageSize size;
+    if (args.empty()) return size;
+    if (args.size() != 2 || args[0] != "--size") throw UsageError{usage};
+    size_t x = args[1].find('x');
+    try {
+        if (x == std::string::npos) throw UsageError{usage};
+        size_t used = 0;
+        size.width = std::stoi(args[1].substr(0, x), &used);
+        if (used != x) throw UsageError{usage};
+        size.height = std::stoi(args[1].substr(x + 1), &used);
+        if (used != args[1].size() - x - 1) throw UsageError{usage};
+    } catch (const std::exception&) {
+        throw UsageError{usage};
+    }
+    if (size.width < 1 || size.height < 1 || size.width > 4096 || size.height > 4096) {
+        throw UsageError{"--size takes sides from 1 to 4096"};
+    }
+    return size;
+}
+
+}  // namespace
+
+int CommandLibrary(const ToolOptions& options, std::ostream& out) {
+    if (!options.args.empty()) throw UsageError{"library takes no arguments"};
+    PageCatalog catalog = LoadToolCatalog();
+    JsonWriter json;
+    json.BeginArray();
+    for (const CatalogCategory& category : catalog.Categories()) {
+        json.BeginObject();
+        json.Key("Category").Ansi(category.Name);
+        json.Key("Pages").BeginArray();
+        for (const std::string& file : category.Pages) WritePage(json, catalog, file);
+        json.EndArray();
+        json.EndObject();
+    }
+    json.EndArray();
+    out << json.Text();
+    return kExitOk;
+}
+
+int CommandThumbnails(const ToolOptions& options, std::ostream& out) {
+    ImageSize size = ParseThumbnailArgs(options.args);
+    LoadToolDefinitions(options);
+    PageCatalog catalog = LoadToolCatalog();
+    EnsureGuiApplication();
+    ImageCache cache;
+    if (!cache.PrepareForCaching()) {
+        ShowMessage(
+            "The thumbnail folder " + Utf8ToCp1252(cache.CacheDir()) + " could not be made.",
+            "paginox-tool", MsgIcon::Critical);
+        return kExitFailure;
+    }
+    std::vector<std::string> pages;
+    for (const CatalogCategory& category : catalog.Categories()) {
+        for (const std::string& file : category.Pages) pages.push_back(catalog.PathOf(file));
+    }
+    int made = 0, fresh = 0, failed = 0;
+    for (size_t i = 0; i < pages.size(); ++i) {
+        const std::string& path = pages[i];
+        if (cache.Contains(path, size.width, size.height)) {
+            ++fresh;
+            continue;
+        }
+        bool ok = cache.CreateCache(path, size.width, size.height);
+        ++(ok ? made : failed);
+        ShowMessage("[" + std::to_string(i + 1) + "/" + std::to_string(pages.size()) + "] " +
+                        Utf8ToCp1252(path) + (ok ? "" : " could not be drawn"),
+                    "Thumbnail");
+    }
+    out << made << " made, " << fresh << " already fresh";
+    if (failed > 0) out << ", " << failed << " could not be drawn";
+    out << '\n';
+    return failed > 0 ? kExitFailure : kExitOk;
+}
+
+}  // namespace paginox
