@@ -19,6 +19,7 @@
 #include "editor/FileRoutines.h"
 #include "editor/Manipulation.h"
 #include "editor/ObjectCommands.h"
+#include "editor/PageSizes.h"
 #include "editor/QtText.h"
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
@@ -32,6 +33,7 @@
 #include "ui/PositionDialog.h"
 #include "ui/PreviewWidget.h"
 #include "ui/PropertyPanel.h"
+#include "ui/SetupDialog.h"
 
 namespace paginox {
 
@@ -135,6 +137,26 @@ void PageForm::DeletePageSize() {
     sizes_->setCurrentRow(-1);
     sizes_->setCurrentRow(0);
     state_.PageChanged = true;
+}
+
+void PageForm::AddPageSize() {
+    if (!state_.CurrentFormat) return;
+    SetupDialog dialog(*state_.CurrentFormat, static_cast<int16_t>(ScreenLogPixels()),
+                       dialogs_.Printer(), this);
+    if (dialog.exec() != QDialog::Accepted || !dialog.Entered()) return;
+    AddedSize added =
+        paginox::AddPageSize(state_, undo_, dialog.Setup().Working(), *dialog.Entered());
+    if (!added.Added) {
+        // The page has that size already: it is shown instead.
+        sizes_->setCurrentRow(added.Index - 1);
+        return;
+    }
+    FillSizeList();
+    {
+        QSignalBlocker block(sizes_);
+        sizes_->setCurrentRow(added.Index - 1);
+    }
+    RefreshUI(true);
 }
 
 void PageForm::AddObject() {

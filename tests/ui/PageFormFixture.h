@@ -21,6 +21,7 @@
 #include "support/GuiApplication.h"
 #include "support/RecordingMessages.h"
 #include "support/ScopedAppFolders.h"
+#include "support/ScriptedPrinter.h"
 #include "ui/EditorDialogs.h"
 #include "ui/PageForm.h"
 #include "ui/PreviewWidget.h"
@@ -39,6 +40,7 @@ class ScriptedDialogs : public EditorDialogs {
     std::deque<std::optional<std::string>> Answers;
     std::deque<int> Choices;
     std::vector<FileDialogSpec> Shown;
+    ScriptedPrinter Printers;
 
     std::optional<std::string> OpenFile(QWidget*, const FileDialogSpec& request) override {
         return Next(request);
@@ -53,6 +55,7 @@ class ScriptedDialogs : public EditorDialogs {
         Choices.pop_front();
         return c;
     }
+    PrinterAccess& Printer() override { return Printers; }
 
   private:
     std::optional<std::string> Next(const FileDialogSpec& request) {

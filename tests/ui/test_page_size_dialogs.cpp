@@ -1,0 +1,85 @@
+#include <gtest/gtest.h>
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+#include <functional>
+
+#include "ui/PageFormFixture.h"
+
+namespace paginox {
+namespace {
+
+using test::PageFormFixture;
+
+// Runs act on the next modal dialog once it is up; a dialog act leaves open is cancelled, so
+// a failing test never hangs.
+void OnNextDialog(std::function<void(QDialog&)> act) {
+    QTimer::singleShot(0, [act] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        act(*dialog);
+        if (dialog->isVisible()) dialog->reject();
+    });
+}
+
+template <class T>
+T* Child(QDialog& d, const char* name) {
+    T* w = d.findChild<T*>(name);
+    EXPECT_TRUE(w) << name;
+    return w;
+}
+
+TEST(SetupDialog, AddsASizeOrShowsTheEqualOne) {
+    PageFormFixture fx;
+    OnNextDialog([](QDialog& d) {
+        EXPECT_TRUE(Child<QRadioButton>(d, "optShape2")->isChecked());  // 929 x 749 shown
+        Child<QRadioButton>(d, "optShape12")->click();
+        for (auto [box, text] : {std::pair{"txtPixels0", "700"}, {"txtPixels1", "500"}}) {
+            EXPECT_TRUE(Child<QLineEdit>(d, box)->isEnabled());
+            Child<QLineEdit>(d, box)->clear();
+            QTest::keyClicks(Child<QLineEdit>(d, box), text);
+        }
+        Child<QPushButton>(d, "btnOK")->click();
+    });
+    fx.form->SizeList()->setCurrentRow(1);
+    fx.Trigger("mnuPageAddSize");
+    ASSERT_EQ(fx.state.Page->NumFormats(), 5);
+    EXPECT_EQ(std::tuple(fx.state.CurrentFormatIndex, fx.form->SizeList()->currentRow()),
+              std::tuple(5, 4));
+    EXPECT_EQ(fx.form->SizeList()->item(4)->text(), "User\t(700x500)");
+    EXPECT_TRUE(fx.state.PageChanged);
+
+    // A size the page has: its row is shown instead.
+    OnNextDialog([](QDialog& d) {
+        Child<QRadioButton>(d, "optShape1")->click();
+        EXPECT_FALSE(Child<QLineEdit>(d, "txtPixels0")->isEnabled());
+        Child<QPushButton>(d, "btnOK")->click();
+    });
+    fx.Trigger("mnuPageAddSize");
+    EXPECT_EQ(std::tuple(fx.state.Page->NumFormats(), fx.state.CurrentFormatIndex),
+              std::tuple(5, 1));
+}
+
+TEST(PageForm, DeletingFormatOneOfTwoShowsTheOtherAndDisablesDelete) {
+    PageFormFixture fx;
+    fx.state.Page->DeleteFormat(4);
+    fx.state.Page->DeleteFormat(3);
+    fx.form->InitFormatList();
+    fx.form->SizeList()->setCurrentRow(0);
+    std::shared_ptr<PageFormat> second = fx.state.Page->GetFormat(2);
+    fx.messages.Script({MsgAnswer::Ok});
+    fx.Trigger("mnuPageDelSize");
+    EXPECT_EQ(std::tuple(fx.state.Page->NumFormats(), fx.form->SizeList()->count()),
+              std::tuple(1, 1));
+    EXPECT_EQ(fx.state.CurrentFormat, second);
+    emit fx.form->findChild<QMenu*>("mnuPage")->aboutToShow();
+    EXPECT_FALSE(fx.form->findChild<QAction*>("mnuPageDelSize")->isEnabled());
+}
+
+}  // namespace
+}  // namespace paginox
