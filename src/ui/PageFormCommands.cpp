@@ -17,6 +17,7 @@
 #include "editor/EditStep.h"
 #include "editor/EditorState.h"
 #include "editor/FileRoutines.h"
+#include "editor/ListColumns.h"
 #include "editor/Manipulation.h"
 #include "editor/ObjectCommands.h"
 #include "editor/PageSizes.h"
@@ -30,6 +31,7 @@
 #include "persist/XMLOutPage.h"
 #include "ui/EditorDialogs.h"
 #include "ui/InsertDialog.h"
+#include "ui/PointListDialog.h"
 #include "ui/PositionDialog.h"
 #include "ui/PreviewWidget.h"
 #include "ui/PropertyPanel.h"
@@ -218,7 +220,15 @@ void PageForm::PositionObject() {
 }
 
 void PageForm::EditColumns() {
-    NotAvailable("The column editor");
+    std::shared_ptr<PageObject> obj = state_.Selected();
+    if (!obj || !obj->POClass().HasFlexibleListColumns()) return;
+    PointListDialog dialog(*obj, *state_.CurrentFormat, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    {
+        EditStep step(state_, undo_);
+        dialog.Columns().Apply(step, state_.CurrentFormatIndex, state_.SelectedObject);
+    }
+    RefreshUI(true);
 }
 
 void PageForm::UndoOrRedo(bool redo) {

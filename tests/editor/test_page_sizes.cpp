@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "editor/EditStep.h"
 #include "editor/EditorFixture.h"
+#include "editor/ListColumns.h"
 #include "editor/PageSizeSetup.h"
 #include "editor/UndoManager.h"
 #include "support/RecordingMessages.h"
@@ -109,6 +111,45 @@ TEST(PageSizes, AddingASizeSizesTextObjectsAfreshOrShowsTheEqualFormat) {
     need = fx.state.Page->GetFormat(tiny.Index)->GetTextObjectPixels(big);
     EXPECT_FLOAT_EQ(std::max(big.Length(1), big.Length(2)), 1.0f);
     EXPECT_NEAR(big.Length(1) / big.Length(2), (need.Width / 60.0) / (need.Height / 90.0), 1e-5);
+}
+
+TEST(ListColumns, ChooseOrderApplyAndUndo) {
+    test::EditorFixture fx;
+    fx.box->SetObjectType(kTypePointList);
+    Definitions().PointList.Entries = {{5, 0, "Sign", 1}, {7, 0, "House", 0}, {9, 0, "Decl", 1}};
+    PageObject& obj = fx.Object(1);
+    for (int16_t k = 1; k <= 3; ++k) obj.SetPL_Columns(k, uint8_t(k == 2 ? 200 : 9 - k * 2));
+    ListColumns columns(obj);  // 7, 200, 3
+    EXPECT_EQ(columns.Label(200), "Column 200");
+    ASSERT_EQ(columns.Available().size(), 2u);  // 5 and 9
+
+    EXPECT_FALSE(columns.Add(7, 0));  // already chosen
+    EXPECT_TRUE(columns.Add(9, 1));
+    columns.Move(0, 3);
+    columns.Remove(2);
+    EXPECT_EQ(columns.Chosen(), (std::vector<uint8_t>{9, 200, 7}));
+    int32_t wider = columns.NeededWidth(*fx.state.CurrentFormat);
+    columns.Remove(0);
+    EXPECT_LT(columns.NeededWidth(*fx.state.CurrentFormat), wider);
+
+    UndoManager undo([&](int32_t id, const PropertyValue& v, int16_t f, int16_t o, int16_t s) {
+        SetProperty(fx.state, id, v, f, o, s);
+    });
+    {
+        EditStep step(fx.state, undo);
+        EXPECT_TRUE(columns.Apply(step, 1, 1));
+    }
+    EXPECT_EQ(std::tuple(obj.PL_Columns(1), obj.PL_Columns(3), undo.UndoCount()),
+              std::tuple(200, 0, 1));
+    undo.Undo();
+    EXPECT_EQ(std::tuple(obj.PL_Columns(1), obj.PL_Columns(3)), std::tuple(7, 3));
+
+    columns.Defaults();
+    EXPECT_EQ(columns.Chosen(), (std::vector<uint8_t>{5, 9}));
+    for (int code = 10; code < 80; ++code) columns.Add(uint8_t(code), 99);
+    EXPECT_TRUE(columns.Full());
+    EXPECT_EQ(columns.Chosen().size(), 64u);
+    EXPECT_EQ(columns.Chosen().back(), 71);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
@@ -10,6 +11,7 @@
 #include <functional>
 
 #include "ui/PageFormFixture.h"
+#include "ui/PointListDialog.h"
 
 namespace paginox {
 namespace {
@@ -79,6 +81,38 @@ TEST(PageForm, DeletingFormatOneOfTwoShowsTheOtherAndDisablesDelete) {
     EXPECT_EQ(fx.state.CurrentFormat, second);
     emit fx.form->findChild<QMenu*>("mnuPage")->aboutToShow();
     EXPECT_FALSE(fx.form->findChild<QAction*>("mnuPageDelSize")->isEnabled());
+}
+
+TEST(PointListDialog, AppliesAsOneUndoStepAndOpensReadOnlyWithoutATable) {
+    PageFormFixture fx;
+    ReadPointListDefs(std::string(PAGINOX_SAMPLE_DIR) + "/System/plist.dfn");
+    int16_t list = 2;  // the point list, columns 1 2 4
+    QTest::mouseClick(fx.Preview(), Qt::LeftButton, {}, fx.Inside(list));
+    OnNextDialog([](QDialog& d) {
+        auto* chosen = Child<QListWidget>(d, "lstChosen");
+        EXPECT_EQ(chosen->count(), 3);
+        chosen->setCurrentRow(0);
+        QTest::keyClick(chosen, Qt::Key_Delete);
+        QTest::keyClick(chosen, Qt::Key_Down, Qt::ControlModifier);
+        EXPECT_FALSE(Child<QLabel>(d, "lblWidth")->text().isEmpty());
+        Child<QPushButton>(d, "btnOK")->click();
+    });
+    fx.Trigger("mnuPopupEditFlexible");
+    PageObject& obj = fx.Object(list);
+    auto columns = [&] {
+        return std::tuple(obj.PL_Columns(1), obj.PL_Columns(2), obj.PL_Columns(3));
+    };
+    EXPECT_EQ(columns(), std::tuple(4, 2, 0));
+    fx.Trigger("mnuUndo");
+    EXPECT_EQ(columns(), std::tuple(1, 2, 4));
+
+    Definitions().PointList.Entries.clear();
+    OnNextDialog([](QDialog& d) {
+        EXPECT_TRUE(Child<QLabel>(d, "lblNoTable"));
+        EXPECT_FALSE(Child<QPushButton>(d, "btnOK")->isEnabled());
+        EXPECT_EQ(Child<QListWidget>(d, "lstChosen")->item(0)->text(), "Column 1");
+    });
+    fx.Trigger("mnuPopupEditFlexible");
 }
 
 }  // namespace
