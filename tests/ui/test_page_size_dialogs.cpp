@@ -12,6 +12,7 @@
 
 #include "ui/PageFormFixture.h"
 #include "ui/PointListDialog.h"
+#include "ui/UserInputSimple.h"
 
 namespace paginox {
 namespace {
@@ -113,6 +114,44 @@ TEST(PointListDialog, AppliesAsOneUndoStepAndOpensReadOnlyWithoutATable) {
         EXPECT_EQ(Child<QListWidget>(d, "lstChosen")->item(0)->text(), "Column 1");
     });
     fx.Trigger("mnuPopupEditFlexible");
+}
+
+TEST(UserInputSimple, EnterAcceptsEscapeRestoresThenCancels) {
+    test::EnsureGuiApplication<QApplication>();
+    using Keys = std::function<void(UserInputSimple&, QLineEdit&)>;
+    std::pair<Keys, bool> cases[] = {
+        {[](auto&, QLineEdit& t) {
+             QTest::keyClicks(&t, "Mine");
+             QTest::keyClick(&t, Qt::Key_Return);
+         },
+         true},
+        {[](UserInputSimple& d, QLineEdit& t) {  // the first Escape restores, the second cancels
+             QTest::keyClicks(&t, "x");
+             QTest::keyClick(&t, Qt::Key_Escape);
+             EXPECT_EQ(t.text().toStdString(), "New Page");
+             EXPECT_TRUE(d.isVisible());
+             QTest::keyClick(&t, Qt::Key_Escape);
+         },
+         false},
+        {[](UserInputSimple& d, QLineEdit& t) {
+             QTest::keyClicks(&t, "zzz");
+             d.findChild<QPushButton*>("CancelButton")->click();
+         },
+         false},
+    };
+    for (const auto& [keys, accepted] : cases) {
+        UserInputSimple dialog;
+        QTimer::singleShot(0, [&] {
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+            // The proposal comes up wholly selected, so typing replaces it.
+            EXPECT_EQ(dialog.TextBox()->selectedText().toStdString(), "New Page");
+            keys(dialog, *dialog.TextBox());
+            if (dialog.isVisible()) dialog.done(QDialog::Accepted);
+        });
+        QString value = "New Page";
+        EXPECT_EQ(dialog.Run("Enter the new page name", value), accepted);
+        EXPECT_EQ(value.toStdString(), accepted ? "Mine" : "New Page");
+    }
 }
 
 }  // namespace
