@@ -3,7 +3,6 @@
 
 #include <QGuiApplication>
 #include <QImage>
-#include <charconv>
 #include <cstdlib>
 #include <filesystem>
 #include <ostream>
@@ -40,15 +39,6 @@ struct RenderRequest {
     bool labels = true;
     bool pictures = true;
 };
-
-int WholeNumber(std::string_view text, const std::string& what) {
-    int v = 0;
-    auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), v);
-    if (ec != std::errc() || end != text.data() + text.size()) {
-        throw UsageError{what + " takes a whole number, not " + std::string(text)};
-    }
-    return v;
-}
 
 RenderRequest ParseRender(const std::vector<std::string>& args) {
     RenderRequest r;

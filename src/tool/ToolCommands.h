@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace paginox {
@@ -24,6 +25,9 @@ struct UsageError {
     std::string message;
 };
 
+// A whole-number argument of option what; anything else is a usage error.
+int WholeNumber(std::string_view text, const std::string& what);
+
 // Loads the object class catalogue and the definition lists, from --data or the folders.
 void LoadToolDefinitions(const ToolOptions& options);
 
@@ -40,5 +44,7 @@ int CommandXml(const ToolOptions& options, std::ostream& out);
 int CommandConvert(const ToolOptions& options, std::ostream& out);
 int CommandDump(const ToolOptions& options, std::ostream& out);
 int CommandRender(const ToolOptions& options, std::ostream& out);
+int CommandFormats(const ToolOptions& options, std::ostream& out);
+int CommandAddSize(const ToolOptions& options, std::ostream& out);
 
 }  // namespace paginox
