@@ -131,8 +131,8 @@ void SetupDialog::ShowSetup() {
         pixels_[size_t(i)]->setText(FromAnsi(setup_.PixelsText(i)));
         pixels_[size_t(i)]->setEnabled(setup_.PixelsEditable());
     }
-    for (QWidget* w :
-         std::initializer_list<QWidget*>{printer_, paper_, orientation_, dotsPerInch_, usePaper_}) {
+    for (QWidget* w : std::initializer_list<QWidget*>{printer_, paperLabel_, paper_, orientation_,
+                                                      dotsPerInch_, usePaper_}) {
         w->setEnabled(setup_.PrinterEnabled());
     }
 }
