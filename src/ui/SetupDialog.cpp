@@ -36,7 +36,10 @@ SetupDialog::SetupDialog(const PageFormat& current, int16_t screenLogPixels, Pri
     connect(group, &QButtonGroup::idClicked, this, [this](int k) {
         setup_.ChooseOption(k);
         ShowSetup();
-        if (setup_.PixelsEditable()) pixels_[0]->setFocus();
+        if (!setup_.PixelsEditable()) return;
+        // Ready to type over: the width box takes the focus with its text selected.
+        pixels_[0]->setFocus();
+        pixels_[0]->selectAll();
     });
     for (int k = 0; k < PageSizeSetup::kOptionCount; ++k) {
         auto* option = new QRadioButton(FromAnsi(ShapeOptionCaption(k)), this);
