@@ -1,5 +1,6 @@
 // The page commands: info, refs, xml and convert.
 
+#include <charconv>
 #include <cstdint>
 #include <optional>
 #include <ostream>
@@ -26,6 +27,15 @@ std::string Terminal(const std::string& ansi) {
     return Cp1252ToUtf8(ansi);
 }
 }  // namespace
+
+int WholeNumber(std::string_view text, const std::string& what) {
+    int v = 0;
+    auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), v);
+    if (ec != std::errc() || end != text.data() + text.size()) {
+        throw UsageError{what + " takes a whole number, not " + std::string(text)};
+    }
+    return v;
+}
 
 std::shared_ptr<PageClass> ReadToolPage(const std::string& path, int16_t formatIndex) {
     if (!FileExists(path)) {

@@ -4,7 +4,6 @@
 #include <QBuffer>
 #include <QGuiApplication>
 #include <QImage>
-#include <charconv>
 #include <cstdlib>
 #include <filesystem>
 #include <ostream>
@@ -42,15 +41,6 @@ struct RenderRequest {
     bool labels = true;
     bool pictures = true;
 };
-
-int WholeNumber(std::string_view text, const std::string& what) {
-    int v = 0;
-    auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), v);
-    if (ec != std::errc() || end != text.data() + text.size()) {
-        throw UsageError{what + " takes a whole number, not " + std::string(text)};
-    }
-    return v;
-}
 
 RenderRequest ParseRender(const std::vector<std::string>& args) {
     RenderRequest r;

@@ -30,6 +30,12 @@ const char* kUsage =
     "         [--no-pictures]\n"
     "                   draws format K (default 1) at WxH (default its own size): a\n"
     "                   thumbnail on white, or with --interactive as the editor's preview\n"
+    "  formats PAGE     the page's sizes as the editor's size list names them\n"
+    "  add-size PAGE (--screen I | --user WxH | --printer WxH [--dpi N]) [--from K]\n"
+    "         [-o OUT]\n"
+    "                   adds a size made from format K (default 1): screen table entry I\n"
+    "                   (0 to 10), a size of your own, or a printer page at N dots per\n"
+    "                   inch (default 300); saves in place or to OUT, prints its index\n"
     "  library          the page library's categories and pages as JSON\n"
     "  thumbnails [--size WxH]\n"
     "                   makes every missing or stale thumbnail of the library (160x120)\n"
@@ -49,6 +55,7 @@ const std::map<std::string, Command>& Commands() {
         {"info", CommandInfo},       {"refs", CommandRefs},
         {"xml", CommandXml},         {"convert", CommandConvert},
         {"dump", CommandDump},       {"render", CommandRender},
+        {"formats", CommandFormats}, {"add-size", CommandAddSize},
         {"library", CommandLibrary}, {"thumbnails", CommandThumbnails},
     };
     return commands;

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace paginox {
@@ -28,6 +29,8 @@ struct UsageError {
 void InitToolFolders();
 // Fonts need a GUI application; without a display it runs on the offscreen platform.
 void EnsureGuiApplication();
+// A whole-number argument of option what; anything else is a usage error.
+int WholeNumber(std::string_view text, const std::string& what);
 
 // Loads the object class catalogue and the definition lists, from --data or the folders.
 void LoadToolDefinitions(const ToolOptions& options);
@@ -47,5 +50,7 @@ int CommandDump(const ToolOptions& options, std::ostream& out);
 int CommandRender(const ToolOptions& options, std::ostream& out);
 int CommandLibrary(const ToolOptions& options, std::ostream& out);
 int CommandThumbnails(const ToolOptions& options, std::ostream& out);
+int CommandFormats(const ToolOptions& options, std::ostream& out);
+int CommandAddSize(const ToolOptions& options, std::ostream& out);
 
 }  // namespace paginox

@@ -1,12 +1,14 @@
 #pragma once
 
-// The standard dialogs the editor asks the user through: files and list choices. The
-// window holds one of these, so tests answer the dialogs without showing any.
+// The standard dialogs the editor asks the user through: files, list choices and the
+// printer. The window holds one of these, so tests answer the dialogs without showing any.
 
 #include <QStringList>
 #include <cstdint>
 #include <optional>
 #include <string>
+
+#include "ui/QtPrinterAccess.h"
 
 class QWidget;
 
@@ -30,6 +32,8 @@ class EditorDialogs {
     // One of the items, or nothing when cancelled.
     virtual std::optional<int> ChooseItem(QWidget* parent, const QString& title,
                                           const QString& label, const QStringList& items) = 0;
+    // The printer the page size dialog asks for its page and setup.
+    virtual PrinterAccess& Printer() = 0;
 };
 
 // The real dialogs.
@@ -39,6 +43,10 @@ class QtDialogs : public EditorDialogs {
     std::optional<std::string> SaveFile(QWidget* parent, const FileDialogSpec& request) override;
     std::optional<int> ChooseItem(QWidget* parent, const QString& title, const QString& label,
                                   const QStringList& items) override;
+    PrinterAccess& Printer() override { return printer_; }
+
+  private:
+    QtPrinterAccess printer_;
 };
 
 }  // namespace paginox

@@ -219,8 +219,7 @@ void PageForm::BuildMenus() {
     pageMenu_->setObjectName("mnuPage");
     AddAction(pageMenu_, "mnuPageBrowser", "Page &Browser...",
               [this] { NotAvailable("The page browser"); });
-    AddAction(pageMenu_, "mnuPageAddSize", "&Add Page Size...",
-              [this] { NotAvailable("Adding a page size"); });
+    AddAction(pageMenu_, "mnuPageAddSize", "&Add Page Size...", [this] { AddPageSize(); });
     AddAction(pageMenu_, "mnuPageDelSize", "&Delete Page Size", [this] { DeletePageSize(); });
 
     objectMenu_ = menuBar()->addMenu("&Object");

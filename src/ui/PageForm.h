@@ -101,6 +101,7 @@ class PageForm : public QMainWindow, private DocumentHost {
     // Commands.
     void TranslateToXml();
     void NotAvailable(const QString& what);
+    void AddPageSize();
     void DeletePageSize();
     void AddObject();
     void CopyObject();

@@ -18,8 +18,10 @@
 #include "editor/EditStep.h"
 #include "editor/EditorState.h"
 #include "editor/FileRoutines.h"
+#include "editor/ListColumns.h"
 #include "editor/Manipulation.h"
 #include "editor/ObjectCommands.h"
+#include "editor/PageSizes.h"
 #include "editor/QtText.h"
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
@@ -31,9 +33,11 @@
 #include "persist/XMLOutPage.h"
 #include "ui/EditorDialogs.h"
 #include "ui/InsertDialog.h"
+#include "ui/PointListDialog.h"
 #include "ui/PositionDialog.h"
 #include "ui/PreviewWidget.h"
 #include "ui/PropertyPanel.h"
+#include "ui/SetupDialog.h"
 
 namespace paginox {
 
@@ -147,6 +151,26 @@ bool PageForm::Structural(const std::function<bool()>& change) {
     return true;
 }
 
+void PageForm::AddPageSize() {
+    if (!state_.CurrentFormat) return;
+    SetupDialog dialog(*state_.CurrentFormat, static_cast<int16_t>(ScreenLogPixels()),
+                       dialogs_.Printer(), this);
+    if (dialog.exec() != QDialog::Accepted || !dialog.Entered()) return;
+    AddedSize added =
+        paginox::AddPageSize(state_, undo_, dialog.Setup().Working(), *dialog.Entered());
+    if (!added.Added) {
+        // The page has that size already: it is shown instead.
+        sizes_->setCurrentRow(added.Index - 1);
+        return;
+    }
+    FillSizeList();
+    {
+        QSignalBlocker block(sizes_);
+        sizes_->setCurrentRow(added.Index - 1);
+    }
+    RefreshUI(true);
+}
+
 void PageForm::AddObject() {
     if (Structural([this] {
             InsertDialog dialog(state_, ObjectClasses(), this);
@@ -209,7 +233,15 @@ void PageForm::PositionObject() {
 }
 
 void PageForm::EditColumns() {
-    NotAvailable("The column editor");
+    std::shared_ptr<PageObject> obj = state_.Selected();
+    if (!obj || !obj->POClass().HasFlexibleListColumns()) return;
+    PointListDialog dialog(*obj, *state_.CurrentFormat, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    {
+        EditStep step(state_, undo_);
+        dialog.Columns().Apply(step, state_.CurrentFormatIndex, state_.SelectedObject);
+    }
+    RefreshUI(true);
 }
 
 void PageForm::UndoOrRedo(bool redo) {

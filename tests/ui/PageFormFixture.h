@@ -21,6 +21,7 @@
 #include "support/GuiApplication.h"
 #include "support/RecordingMessages.h"
 #include "support/ScopedAppFolders.h"
+#include "support/ScriptedPrinter.h"
 #include "ui/EditorDialogs.h"
 #include "ui/PageForm.h"
 #include "ui/PreviewWidget.h"
@@ -40,6 +41,7 @@ class ScriptedDialogs : public EditorDialogs {
     std::deque<std::optional<std::string>> Answers;
     std::deque<std::optional<int>> Choices;
     std::vector<FileDialogSpec> Shown;
+    ScriptedPrinter Printers;
 
     std::optional<std::string> OpenFile(QWidget*, const FileDialogSpec& request) override {
         Shown.push_back(request);
@@ -52,6 +54,7 @@ class ScriptedDialogs : public EditorDialogs {
                                   const QStringList&) override {
         return Next(Choices);
     }
+    PrinterAccess& Printer() override { return Printers; }
 
   private:
     template <class T>
