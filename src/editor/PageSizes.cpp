@@ -105,12 +105,9 @@ AddedSize AddFormatOfSize(PageClass& page, const PageFormat& working, FormatSize
     return {page.NumFormats(), true};
 }
 
-AddedSize AddPageSize(EditorState& state, UndoManager& undo, const PageFormat& working,
-                      FormatSize size) {
+AddedSize AddPageSize(EditorState& state, const PageFormat& working, FormatSize size) {
     AddedSize added = AddFormatOfSize(*state.Page, working, size);
     if (!added.Added) return added;
-    // As after deleting a size, the history starts afresh: its steps name formats by index.
-    undo.Clear();
     state.SetCurrentFormat(added.Index);
     state.SelectedObject = 0;
     state.PageChanged = true;

@@ -12,7 +12,6 @@ namespace paginox {
 class EditorState;
 class PageClass;
 class PageFormat;
-class UndoManager;
 
 struct ScreenResolution {
     const char* Name;
@@ -64,9 +63,9 @@ struct AddedSize {
 AddedSize AddFormatOfSize(PageClass& page, const PageFormat& working, FormatSize size);
 
 // Add Page Size in the editor: the OK step on the page; a new format becomes the current
-// one, with nothing selected, and the page counts as changed.
-AddedSize AddPageSize(EditorState& state, UndoManager& undo, const PageFormat& working,
-                      FormatSize size);
+// one, with nothing selected, and the page counts as changed. The window records it as one
+// undoable step.
+AddedSize AddPageSize(EditorState& state, const PageFormat& working, FormatSize size);
 
 // Whether the format can be shown at its own size on a screen of the given size.
 bool FormatFitsScreen(const PageFormat& format, int screenWidth, int screenHeight);

@@ -156,13 +156,14 @@ void PageForm::AddPageSize() {
     SetupDialog dialog(*state_.CurrentFormat, static_cast<int16_t>(ScreenLogPixels()),
                        dialogs_.Printer(), this);
     if (dialog.exec() != QDialog::Accepted || !dialog.Entered()) return;
-    AddedSize added =
-        paginox::AddPageSize(state_, undo_, dialog.Setup().Working(), *dialog.Entered());
+    EditorSnapshot before(state_);
+    AddedSize added = paginox::AddPageSize(state_, dialog.Setup().Working(), *dialog.Entered());
     if (!added.Added) {
         // The page has that size already: it is shown instead.
         sizes_->setCurrentRow(added.Index - 1);
         return;
     }
+    history_.RecordStructural(before);
     FillSizeList();
     {
         QSignalBlocker block(sizes_);

@@ -79,23 +79,17 @@ TEST(PageSizeSetup, OptionsPrinterPaperAndTheEnteredSize) {
 TEST(PageSizes, AddingASizeSizesTextObjectsAfreshOrShowsTheEqualFormat) {
     test::EditorFixture fx;
     fx.box->SetOCUFlags(fx.box->OCUFlags() | kOCUTextObject);
-    UndoManager undo([](auto...) {});
-    undo.BeginRestoreBlock();
-    undo.AddRestoreObject(kPropDescription, std::string("a"), std::string("b"), 0, 0, 0);
-    undo.EndRestoreBlock();
     PageFormat working = *fx.state.CurrentFormat->Clone();
     working.SetNoTextYRatio(0.5f);
 
-    AddedSize same = AddPageSize(fx.state, undo, working, {800, 600});
+    AddedSize same = AddPageSize(fx.state, working, {800, 600});
     EXPECT_EQ(std::tuple(same.Added, same.Index, fx.state.Page->NumFormats()),
               std::tuple(false, 1, 1));
-    EXPECT_TRUE(undo.CanUndo());
 
-    AddedSize added = AddPageSize(fx.state, undo, working, {400, 1000});
+    AddedSize added = AddPageSize(fx.state, working, {400, 1000});
     ASSERT_TRUE(added.Added);
     EXPECT_EQ(fx.state.CurrentFormatIndex, 2);
     EXPECT_TRUE(fx.state.PageChanged);
-    EXPECT_FALSE(undo.CanUndo());
     const PageFormat& f = *fx.state.CurrentFormat;
     EXPECT_EQ(std::tuple(f.YRatio(), f.NoTextYRatio()), std::tuple(2.5f, 2.5f));
     // The text object takes its text's pixels on the new size; the wheel keeps its share.
