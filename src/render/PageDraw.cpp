@@ -1,6 +1,7 @@
 #include "render/PageDraw.h"
 
 #include <algorithm>
+#include <mutex>
 
 #include "core/Checked.h"
 #include "core/Rounding.h"
@@ -325,6 +326,9 @@ bool DrawGraphicObject(DrawingSurface& surface, const PageObject& obj, const Rec
     int32_t w = objRect.Width();
     int32_t h = objRect.Height();
     if (PictureCache* cache = InstalledPictureCache()) {
+        // Thumbnails are drawn on a worker thread too: one conversion of a picture at a time.
+        static std::mutex converting;
+        std::lock_guard<std::mutex> lock(converting);
         if (!cache->Contains(file, w, h) && cache->PrepareForCaching()) {
             cache->CreateCache(file, w, h);
         }

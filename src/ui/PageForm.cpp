@@ -217,8 +217,7 @@ void PageForm::BuildMenus() {
 
     pageMenu_ = menuBar()->addMenu("&Page");
     pageMenu_->setObjectName("mnuPage");
-    AddAction(pageMenu_, "mnuPageBrowser", "Page &Browser...",
-              [this] { NotAvailable("The page browser"); });
+    AddAction(pageMenu_, "mnuPageBrowser", "Page &Browser...", [this] { BrowsePages(); });
     AddAction(pageMenu_, "mnuPageAddSize", "&Add Page Size...", [this] { AddPageSize(); });
     AddAction(pageMenu_, "mnuPageDelSize", "&Delete Page Size", [this] { DeletePageSize(); });
 

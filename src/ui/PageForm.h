@@ -100,7 +100,7 @@ class PageForm : public QMainWindow, private DocumentHost {
 
     // Commands.
     void TranslateToXml();
-    void NotAvailable(const QString& what);
+    void BrowsePages();
     void AddPageSize();
     void DeletePageSize();
     void AddObject();

@@ -33,6 +33,7 @@
 #include "persist/XMLOutPage.h"
 #include "ui/EditorDialogs.h"
 #include "ui/InsertDialog.h"
+#include "ui/PageBrowser.h"
 #include "ui/PointListDialog.h"
 #include "ui/PositionDialog.h"
 #include "ui/PreviewWidget.h"
@@ -117,9 +118,17 @@ void PageForm::TranslateToXml() {
     if (written) statusBar()->showMessage("Translated to " + FromPath(*written), 8000);
 }
 
-void PageForm::NotAvailable(const QString& what) {
-    ShowMessage(ToAnsi(what + " is not available in this version of Paginox."), "",
-                MsgIcon::Information);
+void PageForm::BrowsePages() {
+    bool cancel = false;
+    flow_.SaveChangesPrompt(cancel);
+    if (cancel) return;
+    PageBrowser browser(state_.CurrentFile, this);
+    browser.exec();
+    const std::string& chosen = browser.ChosenPath();
+    if (chosen.empty() || EqualsIgnoreCase(chosen, state_.CurrentFile)) return;
+    state_.CurrentFile = chosen;
+    OpenWorkFile();
+    RefreshUI(true);
 }
 
 void PageForm::DeletePageSize() {

@@ -1,0 +1,80 @@
+#include "library/ThumbnailQueue.h"
+
+#include <algorithm>
+
+namespace paginox {
+
+ThumbnailQueue::ThumbnailQueue(int32_t width, int32_t height, QObject* parent)
+    : QObject(parent), width_(width), height_(height) {
+    cache_.PrepareForCaching();
+    worker_ = std::thread([this] { Work(); });
+}
+
+ThumbnailQueue::~ThumbnailQueue() {
+    {
+        std::lock_guard<std::mutex> lock(mutex_);
+        stopping_ = true;
+        waiting_.clear();
+    }
+    wake_.notify_all();
+    worker_.join();
+}
+
+void ThumbnailQueue::Request(const std::vector<std::string>& paths) {
+    {
+        std::lock_guard<std::mutex> lock(mutex_);
+        for (const std::string& p : paths) {
+            if (std::find(waiting_.begin(), waiting_.end(), p) == waiting_.end()) {
+                waiting_.push_back(p);
+            }
+        }
+    }
+    wake_.notify_all();
+}
+
+void ThumbnailQueue::Prioritize(const std::vector<std::string>& paths) {
+    std::lock_guard<std::mutex> lock(mutex_);
+    for (auto it = paths.rbegin(); it != paths.rend(); ++it) {
+        auto found = std::find(waiting_.begin(), waiting_.end(), *it);
+        if (found == waiting_.end()) continue;
+        waiting_.erase(found);
+        waiting_.push_front(*it);
+    }
+}
+
+void ThumbnailQueue::Cancel() {
+    std::lock_guard<std::mutex> lock(mutex_);
+    waiting_.clear();
+}
+
+int ThumbnailQueue::Waiting() const {
+    std::lock_guard<std::mutex> lock(mutex_);
+    return static_cast<int>(waiting_.size());
+}
+
+QImage ThumbnailQueue::Thumbnail(const std::string& path) {
+    if (!cache_.Contains(path, width_, height_) && !cache_.CreateCache(path, width_, height_)) {
+        return QImage();
+    }
+    return QImage(QString::fromStdString(cache_.GetCacheName(path, width_, height_)));
+}
+
+void ThumbnailQueue::Work() {
+    for (;;) {
+        std::string path;
+        {
+            std::unique_lock<std::mutex> lock(mutex_);
+            wake_.wait(lock, [this] { return stopping_ || !waiting_.empty(); });
+            if (stopping_) return;
+            path = waiting_.front();
+            waiting_.pop_front();
+        }
+        QImage image = Thumbnail(path);
+        // Handed over on the window's thread, where the signal's receivers live.
+        QMetaObject::invokeMethod(
+            this, [this, path, image] { emit ready(QString::fromStdString(path), image); },
+            Qt::QueuedConnection);
+    }
+}
+
+}  // namespace paginox

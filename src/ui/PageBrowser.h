@@ -1,0 +1,97 @@
+#pragma once
+
+// The page library's window: categories on the left with their page counts, the chosen
+// category's pages as thumbnails (or a plain list) with a filter, the chosen page's details,
+// and the page and category commands of the catalogue. Modal; it returns the page to open.
+
+#include <QDialog>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+
+#include "library/PageCatalog.h"
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QListWidgetItem;
+
+namespace paginox {
+
+class ImageCache;
+class ThumbnailQueue;
+
+class PageBrowser : public QDialog {
+    Q_OBJECT
+
+  public:
+    static constexpr int kThumbWidth = 160;
+    static constexpr int kThumbHeight = 120;
+
+    // startPage (a native path) is selected when the catalogue lists it.
+    PageBrowser(const std::string& startPage, QWidget* parent = nullptr);
+    ~PageBrowser() override;
+
+    // The path of the page chosen with Open; empty when the window was closed.
+    const std::string& ChosenPath() const { return chosen_; }
+
+    // Asks for a name: the title, the prompt and the proposal; nothing on Cancel. The text
+    // prompt by default; tests script it.
+    std::function<std::optional<QString>(const QString&, const QString&, const QString&)> Ask;
+
+    PageCatalog& Catalog() { return catalog_; }
+    QListWidget* Categories() const { return categories_; }
+    QListWidget* Pages() const { return pages_; }
+
+    // The commands, also on the window's buttons and menus.
+    void OpenPage();
+    void NewPage();
+    void CopyPage();
+    void RenamePage();
+    void DeletePage();
+    void MovePage(const std::string& toCategory);
+    void NewCategory();
+    void RenameCategory();
+    void DeleteCategory();
+    void MoveCategory(int by);
+
+  protected:
+    void done(int result) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    struct PageInfo {
+        bool Read = false;
+        std::string Title, Description, Details;
+    };
+    void BuildControls();
+    void FillCategories(const std::string& select);
+    void FillPages(const std::string& select);
+    void ShowDetails();
+    void ShowImages(bool show);
+    void RequestVisibleThumbnails();
+    void ThumbnailReady(const QString& path, const QImage& image);
+    const PageInfo& Info(const std::string& file);
+    std::string CurrentCategory() const;
+    std::string CurrentPage() const;
+    // Shows a catalogue command's message when there is one; true when it succeeded.
+    bool Done(const std::string& message);
+    void SaveWindowSettings();
+
+    PageCatalog catalog_;
+    std::string chosen_;
+    std::map<std::string, PageInfo> info_;
+    std::map<std::string, QImage> thumbnails_;  // by native path
+    ThumbnailQueue* queue_ = nullptr;
+    std::unique_ptr<ImageCache> cache_;
+    QListWidget* categories_ = nullptr;
+    QListWidget* pages_ = nullptr;
+    QLineEdit* filter_ = nullptr;
+    QCheckBox* showImages_ = nullptr;
+    QLabel* details_ = nullptr;
+    QLabel* progress_ = nullptr;
+};
+
+}  // namespace paginox
