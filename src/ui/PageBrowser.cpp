@@ -53,6 +53,15 @@ QImage Placeholder() {
     return image;
 }
 
+const QImage& Blank() {
+    static const QImage blank = [] {
+        QImage image(PageBrowser::kThumbWidth, PageBrowser::kThumbHeight, QImage::Format_RGB32);
+        image.fill(QColor(246, 246, 246));
+        return image;
+    }();
+    return blank;
+}
+
 int IniNumber(const char* key, int fallback) {
     bool ok = false;
     int v = QString::fromStdString(ReadIni(kSection, key, "")).toInt(&ok);
@@ -101,7 +110,7 @@ void PageBrowser::BuildControls() {
     pages_->setDragEnabled(true);
     pages_->setDragDropMode(QAbstractItemView::DragOnly);
     pages_->setResizeMode(QListView::Adjust);
-    pages_->setUniformItemSizes(true);
+    pages_->setMovement(QListView::Static);
     pages_->installEventFilter(this);
     filter_ = new QLineEdit(this);
     filter_->setObjectName("txtFilter");
@@ -183,8 +192,10 @@ void PageBrowser::BuildControls() {
     auto* splitter = new QSplitter(this);
     splitter->addWidget(left);
     splitter->addWidget(right);
+    splitter->setStretchFactor(0, 0);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({220, 780});
+    left->setMinimumWidth(180);
+    splitter->setSizes({200, 800});
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(splitter);
 
@@ -250,7 +261,8 @@ void PageBrowser::FillPages(const std::string& select) {
         item->setToolTip(FromAnsi(info.Title));
         std::string path = catalog_.PathOf(file);
         auto found = thumbnails_.find(path);
-        if (found != thumbnails_.end()) item->setIcon(QPixmap::fromImage(found->second));
+        // Until its thumbnail arrives a page shows a blank of the same size.
+        item->setIcon(QPixmap::fromImage(found != thumbnails_.end() ? found->second : Blank()));
         if (file == select) pages_->setCurrentItem(item);
         paths.push_back(path);
     }
@@ -263,7 +275,7 @@ void PageBrowser::FillPages(const std::string& select) {
 void PageBrowser::ShowImages(bool show) {
     pages_->setViewMode(show ? QListView::IconMode : QListView::ListMode);
     pages_->setIconSize(show ? QSize(kThumbWidth, kThumbHeight) : QSize());
-    pages_->setGridSize(show ? QSize(kThumbWidth + 24, kThumbHeight + 36) : QSize());
+    pages_->setGridSize(show ? QSize(kThumbWidth + 24, kThumbHeight + 40) : QSize());
     pages_->setWordWrap(show);
     if (!show) {
         queue_->Cancel();
