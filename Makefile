@@ -3,7 +3,7 @@ BUILD      ?= build
 BUILD_TYPE ?= RelWithDebInfo
 CMAKE_ARGS ?=
 
-.PHONY: all deps configure build run test clean
+.PHONY: all deps configure build run test clean install package
 
 all: build
 
@@ -35,6 +35,16 @@ test: build
 
 clean:
 	rm -rf $(BUILD)
+
+# Installs the programs, their sample data and the desktop files under PREFIX; DESTDIR=... stages
+# the tree elsewhere, as packagers do.
+PREFIX ?= /usr/local
+install: build
+	cmake --install $(BUILD) --prefix $(PREFIX)
+
+# The same files as a Debian package, written to $(BUILD)/.
+package: build
+	cmake --build $(BUILD) --target package
 
 # Fuzz targets for the file readers (clang + libFuzzer), in their own build folder and not part
 # of "make test": builds them, then runs each for FUZZ_TIME seconds, FUZZ_JOBS at a time

@@ -124,9 +124,8 @@ FolderEnvironment PrepareFolderEnvironment(std::shared_ptr<const SpecialFolders>
 std::string FindSampleFolder(const std::string& programFolder) {
     if (programFolder.empty()) return "";
     const fs::path prog(programFolder);
-    for (const fs::path& candidate :
-         {prog / "sample", prog / ".." / "sample", prog / ".." / ".." / "sample",
-          prog / ".." / "share" / "paginox" / "sample"}) {
+    for (const fs::path& candidate : {prog / ".." / "share" / "paginox" / "sample", prog / "sample",
+                                      prog / ".." / "sample", prog / ".." / ".." / "sample"}) {
         std::error_code ec;
         if (fs::is_directory(candidate / "System", ec)) return candidate.lexically_normal();
     }

@@ -28,8 +28,8 @@ struct FolderEnvironment {
 FolderEnvironment PrepareFolderEnvironment(std::shared_ptr<const SpecialFolders> real,
                                            const std::string& sampleFolder);
 
-// The sample data shipped with the program: "sample" beside it, one or two levels up (a build
-// tree), or share/paginox/sample of its installation prefix. Empty when none is found.
+// The sample data shipped with the program: share/paginox/sample of its installation prefix,
+// or "sample" beside it, one or two levels up (a build tree). Empty when none is found.
 std::string FindSampleFolder(const std::string& programFolder);
 
 // Start-up's folder step: chooses the environment, makes it the process's, and fills

@@ -4,6 +4,9 @@
 #include <QBuffer>
 #include <QGuiApplication>
 #include <QImage>
+#include <algorithm>
+#include <charconv>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <ostream>
@@ -28,7 +31,7 @@ namespace {
 
 constexpr int kMaxImageSide = 16384;
 const char* kRenderUsage =
-    "render takes PAGE -o OUT.png [--format K] [--size WxH] [--interactive] [--no-labels] "
+    "render takes PAGE -o OUT.png [--format K] [--size WxH|N] [--interactive] [--no-labels] "
     "[--no-pictures]";
 
 struct RenderRequest {
@@ -37,6 +40,7 @@ struct RenderRequest {
     int16_t format = 1;
     int width = 0;  // 0: the format's own size
     int height = 0;
+    int longerSide = 0;  // 0: width and height as given
     bool interactive = false;
     bool labels = true;
     bool pictures = true;
@@ -56,11 +60,19 @@ RenderRequest ParseRender(const std::vector<std::string>& args) {
         } else if (a == "--size" && hasValue) {
             std::string size = args[++i];
             size_t x = size.find_first_of("xX");
-            if (x == std::string::npos) throw UsageError{"--size takes WxH, not " + size};
-            r.width = WholeNumber(std::string_view(size).substr(0, x), "--size");
-            r.height = WholeNumber(std::string_view(size).substr(x + 1), "--size");
-            if (r.width < 1 || r.height < 1 || r.width > kMaxImageSide ||
-                r.height > kMaxImageSide) {
+            // A single number is the longer side, which is how file managers ask for thumbnails.
+            r.width = r.height = r.longerSide = 0;
+            bool inRange;
+            if (x == std::string::npos) {
+                r.longerSide = WholeNumber(size, "--size");
+                inRange = r.longerSide >= 1 && r.longerSide <= kMaxImageSide;
+            } else {
+                r.width = WholeNumber(std::string_view(size).substr(0, x), "--size");
+                r.height = WholeNumber(std::string_view(size).substr(x + 1), "--size");
+                inRange = r.width >= 1 && r.height >= 1 && r.width <= kMaxImageSide &&
+                          r.height <= kMaxImageSide;
+            }
+            if (!inRange) {
                 throw UsageError{"--size takes sides from 1 to " + std::to_string(kMaxImageSide)};
             }
         } else if (a == "--interactive") {
@@ -110,6 +122,12 @@ int CommandRender(const ToolOptions& options, std::ostream&) {
     const PageFormat& format = *page->GetFormat(r.format);
     int width = r.width ? r.width : format.XPixels();
     int height = r.height ? r.height : format.YPixels();
+    if (r.longerSide && width > 0 && height > 0) {
+        // The format's proportions, scaled so that its longer side fits.
+        double scale = static_cast<double>(r.longerSide) / std::max(width, height);
+        width = std::max(1, static_cast<int>(std::lround(width * scale)));
+        height = std::max(1, static_cast<int>(std::lround(height * scale)));
+    }
     if (width < 1 || height < 1 || width > kMaxImageSide || height > kMaxImageSide) {
         throw UsageError{"format " + std::to_string(r.format) + " is " + std::to_string(width) +
                          " x " + std::to_string(height) + " pixels; give --size WxH"};

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QIcon>
 #include <QLockFile>
 #include <QScreen>
 #include <QStandardPaths>
@@ -39,6 +40,9 @@ QString InstanceLockPath() {
 
 int RunEditor(GuardedApplication& app) {
     QApplication::setApplicationName(kProgramTitle);
+    // The installed desktop entry and icon, so that docks and task bars show the window as ours.
+    QGuiApplication::setDesktopFileName("org.paginox.Paginox");
+    QApplication::setWindowIcon(QIcon::fromTheme("org.paginox.Paginox"));
     QtMessages messages;
     ScopedMessageService useMessages(messages);
 

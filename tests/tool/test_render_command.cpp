@@ -50,6 +50,14 @@ TEST(RenderCommand, ThumbnailAndPreviewOfASamplePage) {
     EXPECT_NE(Render(dir, {kSamplePage, "-o", out, "--size", "320x240", "--no-pictures"}).second,
               thumb);
 
+    // A single number is the longer side, as file managers ask: the 705 x 581 page keeps its
+    // proportions, up or down, and fills the image.
+    for (auto [side, size] : {std::pair{"128", QSize(128, 105)}, {"1000", QSize(1000, 824)}}) {
+        QImage scaled = Render(dir, {kSamplePage, "-o", out, "--size", side}).second;
+        EXPECT_EQ(scaled.size(), size) << side;
+        EXPECT_EQ(scaled.pixelColor(0, size.height() / 2), QColor(0, 0, 0)) << side;
+    }
+
     auto [ok, preview] = Render(dir, {"--interactive", kSamplePage, "-o", out, "--no-labels"});
     ASSERT_EQ(ok, 0);
     EXPECT_GT(preview.width(), 100);  // the format's own size
@@ -66,6 +74,7 @@ TEST(RenderCommand, UsageErrorsAndFailures) {
                                                {kSamplePage, "-o", out, "--format"},
                                                {kSamplePage, "-o", out, "--size", "10by10"},
                                                {kSamplePage, "-o", out, "--size", "0x10"},
+                                               {kSamplePage, "-o", out, "--size", "0"},
                                                {kSamplePage},
                                                {"-o", out},
                                                {kSamplePage, "-o", out, "--bogus"}}) {
