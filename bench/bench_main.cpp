@@ -69,6 +69,8 @@ int main(int argc, char** argv) {
          "us", 1e6, 0, 0},
         {"ask the warm cache for a page", "ThumbnailsWarm", "TwoFileTimes", kThumbnails, "us", 1e6,
          0, 50},
+        {"load the catalogue of 1,000 pages", "CatalogueLoad", "FolderListing", 1, "ms", 1e3, 0,
+         50},
     };
     // Wall-clock times include the disk's share of the file work, processor times leave out
     // whatever else the machine was doing; on a shared machine the load average says which to
