@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <filesystem>
 #include <set>
 
@@ -27,12 +28,6 @@ std::set<std::string> SamplePageFiles() {
         if (e.path().extension() == ".pag") files.insert(e.path().string());
     }
     return files;
-}
-
-uint32_t Le(const std::string& b, size_t at, int n) {
-    uint32_t v = 0;
-    for (int i = n - 1; i >= 0; --i) v = (v << 8) | uint8_t(b[at + size_t(i)]);
-    return v;
 }
 }  // namespace
 
@@ -80,10 +75,12 @@ TEST(SamplePages, CoverChartsShapesListsPicturesAndFormats) {
                 // The picture sits beside the page: a 64 x 64, 24-bit bitmap.
                 std::string bmp = test::ReadAll(kPages + o.GenericFile());
                 ASSERT_EQ(bmp.size(), 54u + 64 * 64 * 3) << o.GenericFile();
-                EXPECT_EQ(bmp.substr(0, 2), "BM");
-                EXPECT_EQ(std::vector<uint32_t>(
-                              {Le(bmp, 2, 4), Le(bmp, 10, 4), Le(bmp, 18, 4), Le(bmp, 28, 2)}),
-                          std::vector<uint32_t>({uint32_t(bmp.size()), 54, 64, 24}));
+                uint32_t size, offset, width;  // the file's size, where pixels start, width
+                uint16_t bits;
+                std::memcpy(&size, &bmp[2], 4), std::memcpy(&offset, &bmp[10], 4);
+                std::memcpy(&width, &bmp[18], 4), std::memcpy(&bits, &bmp[28], 2);
+                EXPECT_EQ(std::tuple(bmp.substr(0, 2), size, offset, width, bits),
+                          std::tuple("BM", bmp.size(), 54u, 64u, 24));
             }
         }
     }
