@@ -269,8 +269,7 @@ TEST(InsertDialog, DescriptionPreviewAndInsertByButtonOrDoubleClick) {
     EXPECT_EQ(shape.pixelColor(shape.width() / 2, shape.height() / 2 + 30), QColor(224, 224, 224));
     QTest::mouseClick(dialog.findChild<QPushButton*>("btnInsert"), Qt::LeftButton);
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
-    EXPECT_EQ(fx.state.SelectedObject, before + 1);
-    EXPECT_EQ(fx.state.Rects.ObjectCount(), before + 1);
+    EXPECT_EQ(fx.state.CurrentFormat->NumObjects(), before + 1);
 
     InsertDialog again(fx.state, ObjectClasses(), fx.form.get());
     again.show();
