@@ -56,55 +56,47 @@ std::shared_ptr<PageObject> Place(PageFormat& format, const PageObjectClass& cls
     return obj;
 }
 
-// A surface in the state a format leaves it in before its objects: shapes filled grey.
-RecordingSurface FilledShapes() {
+// The calls that drawing one object on an 800 x 600 format makes, on a surface in the state
+// the format leaves it in (shapes filled grey); only those that start with prefix.
+Lines Drawn(const PageObjectClass& cls, const PageObject* obj, RectClass r,
+            const std::string& prefix = "") {
     RecordingSurface s;
-    s.SetFillStyle(kFillSolid);
-    s.SetFillColor(Rgb(224, 224, 224));
+    s.SetFillStyle(kFillSolid), s.SetFillColor(Rgb(224, 224, 224));
     s.calls.clear();
-    return s;
+    DrawObject(s, 1, cls, obj, PageFormat(), &r, false, false);
+    return s.Matching(prefix);
 }
 
 }  // namespace
 
 TEST(PageDraw, WheelRingsFollowTheChartCountAndTrianglesAreDrawnTwice) {
-    Catalogue cat;
-    PageFormat format;  // 800 x 600, margins 0.01: a single frame is 2 pixels on 800
+    Catalogue cat;  // on 800 pixels a single frame is 2 pixels
     auto biWheel = cat.Add(kShapeCircle, "Bi-Wheel", 2);
     auto triWheel = cat.Add(kShapeCircle, "Tri-Wheel", 3);
     auto corner = cat.Add(kShapeTriangle, "Corner", 0, 2);
     PageObject obj;
     RectClass r = Rect(300, 200, 200, 241);  // R = 100 about (400, 320)
-    RecordingSurface bi = FilledShapes(), tri = FilledShapes(), triangle = FilledShapes();
-    DrawObject(bi, 1, *biWheel, &obj, format, &r, false, false);
-    EXPECT_EQ(bi.calls, Drawing("bi-wheel"));
+    EXPECT_EQ(Drawn(*biWheel, &obj, r), Drawing("bi-wheel"));
     obj.SetFrameType(0);
-    DrawObject(tri, 1, *triWheel, &obj, format, &r, false, false);
-    EXPECT_EQ(tri.Matching("Circle"), Drawing("tri-wheel without a frame"));
-    r = Rect(100, 100, 200, 100);
-    DrawObject(triangle, 1, *corner, nullptr, format, &r, false, false);
-    EXPECT_EQ(triangle.Matching("Polygon"), Drawing("triangle of a class alone"));
+    EXPECT_EQ(Drawn(*triWheel, &obj, r, "Circle"), Drawing("tri-wheel without a frame"));
+    EXPECT_EQ(Drawn(*corner, nullptr, Rect(100, 100, 200, 100), "Polygon"),
+              Drawing("triangle of a class alone"));
 }
 
 TEST(PageDraw, BoxShowsItsFrameBlocksAndRows) {
     Catalogue cat;
-    PageFormat format;
     auto list = cat.Add(kShapeBox, "List", 1);
     list->SetDefaultFixedLines(2), list->SetDefaultTextLines(4), list->SetOCUFlags(kOCUTitleLine);
     PageObject obj;
     // The rows come from the class, not from the object's 50 lines.
     obj.SetObjectClassID(list->ClassID()), obj.SetHorzBlocks(3), obj.SetTextLines(50);
     RectClass r = Rect(100, 50, 206, 124);  // f = 2: inside 202 by 120
-    RecordingSurface titled = FilledShapes(), untitled = FilledShapes(), bare = FilledShapes();
-    DrawObject(titled, 1, *list, &obj, format, &r, false, false);
-    EXPECT_EQ(titled.calls, Drawing("box with a title line and three blocks"));
+    EXPECT_EQ(Drawn(*list, &obj, r), Drawing("box with a title line and three blocks"));
     obj.SetTitleOn(false);
-    DrawObject(untitled, 1, *list, &obj, format, &r, false, false);
-    EXPECT_EQ(untitled.Matching("Line (100"), Drawing("box without its title line: the rows"));
+    EXPECT_EQ(Drawn(*list, &obj, r, "Line (100"), Drawing("box without its title line: the rows"));
     list->SetDefaultFixedLines(0), list->SetDefaultTextLines(1);
     obj.SetHorzBlocks(1), obj.SetFrameType(0);
-    DrawObject(bare, 1, *list, &obj, format, &r, false, false);
-    EXPECT_EQ(bare.calls, Drawing("box of one row and block without a frame"));
+    EXPECT_EQ(Drawn(*list, &obj, r), Drawing("box of one row and block without a frame"));
 }
 
 TEST(PageDraw, NamesAreCentredAndRaisedForChartLabels) {
