@@ -45,12 +45,6 @@ TEST(AnsiText, Windows1252RoundTripsThroughUtf8AndUnmappableCharactersBecomeQues
     EXPECT_EQ(Utf8ToCp1252("\xC3"), "?");        // truncated sequence
 }
 
-TEST(AnsiText, CaseInsensitiveComparisonIsAscii) {
-    EXPECT_TRUE(EqualsIgnoreCase("Page Browser", "PAGE browser"));
-    EXPECT_FALSE(EqualsIgnoreCase("Page", "Pages"));
-    EXPECT_EQ(ToUpperAscii("bmp.x"), "BMP.X");
-}
-
 TEST(AnsiText, WildcardsMatchAsAFileListingDoes) {
     EXPECT_TRUE(MatchesWildcard("*.bmp", "a.BMP"));
     EXPECT_TRUE(MatchesWildcard("C__Pages_A.pag_*.bmp", "C__Pages_A.pag_120x90.bmp"));

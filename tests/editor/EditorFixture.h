@@ -17,22 +17,18 @@ namespace paginox::test {
 class EditorFixture {
   public:
     EditorFixture() {
-        box = model.AddClass(1 + 4 + 8 + 2048);  // text lines, angles, points file, title line
-        box->SetShape(kShapeBox);
-        box->SetFullName("Point List");
-        box->SetGroup("Lists");
-        box->SetNumCharts(1);
+        auto add = [&](int32_t flags, int16_t shape, const char* name, const char* group,
+                       int16_t charts) {
+            auto cls = model.AddClass(flags);
+            cls->SetShape(shape), cls->SetFullName(name), cls->SetGroup(group);
+            cls->SetNumCharts(charts);
+            return cls;
+        };
+        // Text lines, angles, points file and title line; points and aspects files; nothing.
+        box = add(1 + 4 + 8 + 2048, kShapeBox, "Point List", "Lists", 1);
         box->SetDefaultTextLines(10);
-        wheel = model.AddClass(8 + 16);
-        wheel->SetShape(kShapeCircle);
-        wheel->SetFullName("Bi-Wheel");
-        wheel->SetGroup("Wheels");
-        wheel->SetNumCharts(2);
-        triangle = model.AddClass(0);
-        triangle->SetShape(kShapeTriangle);
-        triangle->SetFullName("Aspect Grid");
-        triangle->SetGroup("Aspects");
-        triangle->SetNumCharts(1);
+        wheel = add(8 + 16, kShapeCircle, "Bi-Wheel", "Wheels", 2);
+        triangle = add(0, kShapeTriangle, "Aspect Grid", "Aspects", 1);
 
         state.Page = std::make_shared<PageClass>();
         state.Page->InitNewPage();

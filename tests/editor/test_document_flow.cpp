@@ -11,10 +11,11 @@
 #include "editor/RecoveryStore.h"
 #include "model/PageClass.h"
 #include "persist/FileIO_Page.h"
+#include "support/Golden.h"
 #include "support/RecordingMessages.h"
-#include "support/TempDir.h"
 
 using namespace paginox;
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -49,6 +50,7 @@ struct DocumentFlowTest : ::testing::Test {
     test::TempDir dir;
     FakeHost host;
     DocumentFlow flow{fx.state, host};
+    RecoveryStore store{dir / "Recovery/"};
 
     void Change() { fx.Object(1).SetFontSize(15); }
     bool Prompt() {
@@ -56,59 +58,57 @@ struct DocumentFlowTest : ::testing::Test {
         flow.SaveChangesPrompt(cancel);
         return cancel;
     }
+    // The messages shown match that section of editor/messages.txt.
+    void ExpectShown(const char* section) {
+        EXPECT_EQ(messages.Transcript({{store.CopyPath(), "$COPY"}, {dir.Folder(), "$DIR/"}}),
+                  test::GoldenText("editor/messages.txt", section));
+    }
+    bool SavedAsIs(const std::string& file) {
+        auto read = ReadPage(file, -1, false);
+        return read && read->IsEqual(fx.state.Page.get());
+    }
 };
 
 TEST_F(DocumentFlowTest, SavePromptAnswers) {
     EXPECT_FALSE(Prompt());  // nothing changed: no question
-    EXPECT_TRUE(messages.shown.empty());
     Change();
-    messages.Script({MsgAnswer::Cancel, MsgAnswer::No});
+    messages.Script({MsgAnswer::Cancel, MsgAnswer::No, MsgAnswer::Yes, MsgAnswer::Yes});
+    host.answers = {std::nullopt, dir / "Saved.pag"};
     EXPECT_TRUE(Prompt());
-    EXPECT_EQ(messages.Last(),
-              "Save Changes?: Changes have been made. Do you wish to save these changes?");
-    EXPECT_EQ(messages.shown[0].buttons, MsgButtons::YesNoCancel);
-    EXPECT_EQ(messages.shown[0].icon, MsgIcon::Exclamation);
     EXPECT_FALSE(Prompt());
     EXPECT_TRUE(fx.state.PageChanged);
-
     // Yes on a page without a name asks for one; cancelling that cancels the whole prompt.
-    messages.Script({MsgAnswer::Yes, MsgAnswer::Yes});
-    host.answers = {std::nullopt, dir / "Saved.pag"};
     EXPECT_TRUE(Prompt());
     EXPECT_TRUE(fx.state.CurrentFile.empty());
     EXPECT_FALSE(Prompt());
     EXPECT_EQ(fx.state.CurrentFile, dir / "Saved.pag");
     EXPECT_FALSE(fx.state.PageChanged);
-    auto read = ReadPage(fx.state.CurrentFile, -1, true);
-    ASSERT_TRUE(read);
-    EXPECT_TRUE(read->IsEqual(fx.state.Page.get()));
+    EXPECT_TRUE(SavedAsIs(fx.state.CurrentFile));
+    ExpectShown("save prompt four times");
 }
 
 TEST_F(DocumentFlowTest, SavingAndSaveAs) {
     // Save on a page without a name is Save As; cancelling it leaves the page changed.
     Change();
     flow.FileSave();
-    EXPECT_EQ(host.dialogs, (std::vector<std::string>{"save:"}));
     EXPECT_TRUE(fx.state.UpdatePageChanged());
     host.answers = {dir / "A.pag"};
     flow.FileSave();
     EXPECT_EQ(fx.state.CurrentFile, dir / "A.pag");
     EXPECT_FALSE(fx.state.UpdatePageChanged());
-
     // With a name, Save writes straight away; Save As starts from the current name.
     fx.Object(1).SetFontSize(20);
     flow.FileSave();
-    EXPECT_EQ(host.dialogs.size(), 2u);
-    EXPECT_EQ(ReadPage(dir / "A.pag", -1, true)->GetFormat(1)->Object(1)->FontSize(), 20.0f);
+    EXPECT_TRUE(SavedAsIs(dir / "A.pag"));
     flow.FileSaveAs();
-    EXPECT_EQ(host.dialogs.back(), "save:" + (dir / "A.pag"));
-
+    EXPECT_EQ(host.dialogs,
+              (std::vector<std::string>{"save:", "save:", "save:" + (dir / "A.pag")}));
     // A save that fails keeps the page changed.
     Change();
     fx.state.CurrentFile = dir / "missing-folder/B.pag";
     EXPECT_FALSE(flow.Save());
     EXPECT_TRUE(fx.state.UpdatePageChanged());
-    EXPECT_EQ(messages.shown.back().title, "Save Error");
+    ExpectShown("save into a missing folder");
 }
 
 TEST_F(DocumentFlowTest, NewOpenAndClose) {
@@ -120,8 +120,7 @@ TEST_F(DocumentFlowTest, NewOpenAndClose) {
     EXPECT_EQ(std::tuple(f.NumObjects(), f.XPixels(), f.YPixels()),
               std::tuple(0, 1024 - 95, 768 - 19));
     EXPECT_FALSE(fx.state.UpdatePageChanged());
-    EXPECT_EQ(host.replaced, 1);
-    EXPECT_EQ(host.formatLists, 1);
+    EXPECT_EQ(std::pair(host.replaced, host.formatLists), std::pair(1, 1));
 
     // Made while no window is active, the page waits for the window to finish it.
     host.active = false;
@@ -131,22 +130,21 @@ TEST_F(DocumentFlowTest, NewOpenAndClose) {
     flow.ResetNewPage();
     EXPECT_FALSE(fx.state.PendingReset);
 
-    // A file that cannot be read gives a new page under the chosen name.
+    // A file that cannot be read gives a new page under the chosen name; the size list picks
+    // its format.
     host.answers = {dir / "Nothing.pag"};
     flow.FileOpen();
     EXPECT_EQ(fx.state.CurrentFile, dir / "Nothing.pag");
-    EXPECT_EQ(fx.state.Page->NumFormats(), 1);
-    EXPECT_EQ(fx.state.CurrentFormatIndex, 0);  // the size list picks the format
-    EXPECT_EQ(host.replaced, 3);
+    EXPECT_EQ(std::tuple(fx.state.Page->NumFormats(), fx.state.CurrentFormatIndex, host.replaced),
+              std::tuple(1, 0, 3));
 
     // Closing asks once; Cancel saves nothing.
     fx.state.SetCurrentFormat(1);
     fx.state.Page->SetDescription("Changed");
-    size_t before = messages.shown.size();
     messages.Script({MsgAnswer::Cancel});
     flow.Closing();
-    EXPECT_EQ(messages.shown.size(), before + 1);
     EXPECT_TRUE(test::ReadAll(dir / "Nothing.pag").empty());
+    ExpectShown("new, then closing");
 }
 
 // Two editors on one page: the later save must not silently undo the earlier one.
@@ -162,101 +160,71 @@ TEST_F(DocumentFlowTest, SavingOverAFileChangedByAnotherProgramAsksFirst) {
     EXPECT_EQ(test::ReadAll(file), "another editor's page");
     EXPECT_TRUE(fx.state.UpdatePageChanged());
     EXPECT_TRUE(flow.Save());
-    EXPECT_EQ(ReadPage(file, -1, true)->Description(), "Mine");
+    EXPECT_TRUE(SavedAsIs(file));
     fx.state.Page->SetDescription("Mine again");
     EXPECT_TRUE(flow.Save());  // our own save is no reason to ask
-    ASSERT_EQ(messages.shown.size(), 2u);
-    EXPECT_EQ(messages.shown[0].text, file +
-                                          "\r\n\r\nThis file has been changed by another program "
-                                          "since it was opened or last saved. Do you want to "
-                                          "overwrite it?");
-    EXPECT_EQ(messages.shown[0].title, "File Changed");
-    EXPECT_EQ(messages.shown[0].buttons, MsgButtons::YesNo);
-    EXPECT_EQ(messages.shown[0].icon, MsgIcon::Exclamation);
+    ExpectShown("file changed by another program, twice");
 }
 
-struct RecoveryTest : DocumentFlowTest {
-    RecoveryStore store{dir / "Recovery/"};
-    RecoveryTest() { flow.SetRecovery(&store); }
-    static std::vector<std::string> Names(const std::vector<std::string>& paths) {
-        std::vector<std::string> names;
-        for (const auto& p : paths) names.push_back(std::filesystem::path(p).filename());
-        return names;
-    }
-};
-
-TEST_F(RecoveryTest, CopiesFollowUnsavedChangesAndGoOnSave) {
+TEST_F(DocumentFlowTest, RecoveryCopiesFollowUnsavedChangesAndGoOnSave) {
+    flow.SetRecovery(&store);
     flow.KeepRecoveryCopy();  // nothing changed: nothing kept
     EXPECT_TRUE(store.CopyPath().empty());
     Change();
     flow.KeepRecoveryCopy();
     std::string copy = store.CopyPath();
-    ASSERT_TRUE(std::filesystem::exists(copy));
     EXPECT_EQ(copy.rfind(dir / "Recovery/New Page ~", 0), 0u);
-    auto kept = ReadPage(copy, -1, false);
-    ASSERT_TRUE(kept);
-    EXPECT_TRUE(kept->IsEqual(fx.state.Page.get()));
-
+    EXPECT_TRUE(SavedAsIs(copy));
     fx.state.CurrentFile = dir / "saved.pag";
     ASSERT_TRUE(flow.Save());
-    EXPECT_FALSE(std::filesystem::exists(copy));
+    EXPECT_FALSE(fs::exists(copy));
     EXPECT_TRUE(store.CopyPath().empty());
 }
 
-TEST_F(RecoveryTest, ClosingKeepsWhatASaveCouldNotWriteAndDropsWhatTheUserGaveUp) {
+TEST_F(DocumentFlowTest, ClosingKeepsWhatASaveCouldNotWriteAndDropsWhatTheUserGaveUp) {
+    flow.SetRecovery(&store);
     Change();
     fx.state.CurrentFile = dir / "no/such/folder/page.pag";
     messages.Script({MsgAnswer::Yes});  // the save fails
     flow.Closing();
-    ASSERT_EQ(messages.shown.size(), 3u);
-    EXPECT_EQ(messages.shown[1].title, "Save Error");
-    EXPECT_EQ(messages.shown[2].title, "Changes Kept");
-    EXPECT_EQ(messages.shown[2].text, "Your unsaved changes have been kept in " + store.CopyPath() +
-                                          "\r\n\r\nPaginox offers to open them the next time "
-                                          "it starts.");
-    EXPECT_TRUE(std::filesystem::exists(store.CopyPath()));
-
     std::string copy = store.CopyPath();
+    EXPECT_TRUE(SavedAsIs(copy));
+    ExpectShown("closing after a failed save");
     messages.Script({MsgAnswer::No});
     flow.Closing();
-    EXPECT_FALSE(std::filesystem::exists(copy));
+    EXPECT_FALSE(fs::exists(copy));
 }
 
-TEST_F(RecoveryTest, LeftoversOfEndedRunsAreOfferedUntilOneIsOpened) {
-    std::filesystem::create_directories(dir / "Recovery");
+TEST_F(DocumentFlowTest, RecoveredPagesOfEndedRunsAreOfferedUntilOneIsOpened) {
+    flow.SetRecovery(&store);
+    fs::create_directories(dir / "Recovery");
     // pid 0 and names without a pid are not ours; a pid no process has is an ended run.
     for (const char* name : {"A ~99999999-1.pag", "B ~99999998-1.pag", "notes.pag", "C.txt"}) {
         WritePageFile(dir / (std::string("Recovery/") + name), *fx.state.Page);
     }
-    EXPECT_EQ(Names(store.Leftovers()).size(), 2u);
-
+    EXPECT_EQ(store.Leftovers().size(), 2u);
     messages.Script({MsgAnswer::No, MsgAnswer::Yes});
     flow.OfferRecoveredPages();
-    ASSERT_EQ(messages.shown.size(), 2u);
-    EXPECT_EQ(messages.shown[0].title, "Recovered Page");
+    EXPECT_EQ(messages.shown.size(), 2u);
     EXPECT_EQ(messages.shown[0].text.rfind("Open recovered page ", 0), 0u);
     EXPECT_TRUE(fx.state.CurrentFile.empty());
     EXPECT_TRUE(fx.state.PageChanged);  // closing will ask where to keep it
     EXPECT_FALSE(store.CopyPath().empty());
-    EXPECT_EQ(Names(store.Leftovers()).size(), 1u);  // the declined one stays
+    EXPECT_EQ(store.Leftovers().size(), 1u);  // the declined one stays
 }
 
 TEST_F(DocumentFlowTest, AFailedCommandPutsThePageBackAndSaysWhat) {
     fx.state.SelectedObject = 2;
-    bool done = RunCommand(fx.state, "Delete Object", [&] {
+    EXPECT_FALSE(RunCommand(fx.state, "Delete Object", [&] {
         fx.state.CurrentFormat->DeleteObject(2);
         fx.state.SelectedObject = 0;
         throw RuntimeError(kOverflow);
-    });
-    EXPECT_FALSE(done);
+    }));
     EXPECT_EQ(fx.state.CurrentFormat->NumObjects(), 3);
     EXPECT_EQ(fx.state.SelectedObject, 2);
     EXPECT_FALSE(fx.state.UpdatePageChanged());
-    ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0].text,
-              "Delete Object could not be completed.\r\n\r\nOverflow\r\n\r\nThe page is as it "
-              "was before.");
     EXPECT_TRUE(RunCommand(fx.state, "Nothing", [] {}));
+    ExpectShown("failed command");
 }
 
 TEST_F(DocumentFlowTest, NewAndOpenKeepThePageWhenItsSaveFails) {
@@ -268,7 +236,7 @@ TEST_F(DocumentFlowTest, NewAndOpenKeepThePageWhenItsSaveFails) {
     flow.FileOpen();
     EXPECT_EQ(fx.state.Page, page);
     EXPECT_TRUE(host.dialogs.empty());  // Open never asked for a file
-    EXPECT_EQ(messages.shown[1].title, "Save Error");
+    ExpectShown("new and open after failed saves");
 }
 
 }  // namespace

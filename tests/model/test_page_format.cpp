@@ -29,15 +29,6 @@ std::string Letters(const PageFormat& f) {
 }
 }  // namespace
 
-TEST(PageFormat, NewMarginAddressesTheSameFourMargins) {
-    PageFormat f;
-    f.SetMargin(1, 2, 0.05f);
-    f.SetNewMargin(2, 0.07f);
-    EXPECT_FLOAT_EQ(f.NewMargin(1), 0.01f);
-    EXPECT_FLOAT_EQ(f.NewMargin(3), 0.05f);  // right
-    EXPECT_FLOAT_EQ(f.Margin(2, 1), 0.07f);  // top
-}
-
 TEST(PageFormat, ObjectListGrowsWithSpareAndShrinkEmptiesSlotN) {
     PageFormat f;
     auto mine = std::make_shared<PageObject>();
@@ -63,9 +54,7 @@ TEST(PageFormat, MoveAndDeleteReorderObjects) {
     f = Lettered("ABCD");
     f.MoveObject(4, 2);
     EXPECT_EQ(Letters(f), "ADBC");
-    f.DeleteObject(0);
-    f.DeleteObject(5);
-    f.DeleteObject(2);
+    for (int16_t k : {0, 5, 2}) f.DeleteObject(k);  // only 2 is there
     EXPECT_EQ(Letters(f), "ABC");
 }
 
@@ -76,7 +65,10 @@ TEST(PageFormat, CloneIsDeepAndEqualSizeIgnoresMargins) {
     copy->Object(2)->SetPL_Columns(64, 1);
     EXPECT_FALSE(copy->IsEqual(f));
     EXPECT_EQ(f.Object(2)->PL_Columns(64), 0);
-    copy->SetNewMargin(4, 0.2f);
+    // NewMargin 1 to 4 are left, top, right and bottom.
+    copy->SetMargin(1, 2, 0.05f), copy->SetNewMargin(2, 0.07f);
+    EXPECT_EQ(std::tuple(copy->NewMargin(1), copy->NewMargin(3), copy->Margin(2, 1)),
+              std::tuple(0.01f, 0.05f, 0.07f));
     EXPECT_TRUE(copy->EqualSize(f));
     copy->SetForPrinter(true);
     EXPECT_FALSE(copy->EqualSize(f));
@@ -89,12 +81,8 @@ TEST(PageFormat, ValidatePageClearsWhatTheClassDoesNotUse) {
     PageFormat f;
     for (int16_t id : {1, 2}) {
         auto o = std::make_shared<PageObject>();
-        o->SetObjectClassID(id);
-        o->SetFontSize(3.5f);
-        o->SetHorzBlocks(0);
-        o->SetAspectsFile("asp");
-        o->SetGenericFile("stars");
-        o->SetPointsFile(5, "pts");
+        o->SetObjectClassID(id), o->SetFontSize(3.5f), o->SetHorzBlocks(0);
+        o->SetAspectsFile("asp"), o->SetGenericFile("stars"), o->SetPointsFile(5, "pts");
         f.AddObject(o);
     }
     f.ValidatePage();
@@ -111,15 +99,15 @@ TEST(PageFormat, FrameSizeKeepsItsProportionToThePage) {
     PageFormat f;  // usable 784 x 588
     PageObject o;
     o.SetFrameType(2);
-    EXPECT_EQ(f.GetFrameSize(&o, nullptr, Rect(0, 0, 784, 588), false), 4);
-    EXPECT_EQ(f.GetFrameSize(&o, nullptr, Rect(0, 0, 392, 294), false), 2);
+    auto frame = [&](int32_t w, int32_t h, bool insert = false) {
+        return f.GetFrameSize(&o, nullptr, Rect(0, 0, w, h), insert);
+    };
+    EXPECT_EQ(std::tuple(frame(784, 588), frame(392, 294)), std::tuple(4, 2));
     o.SetFrameType(1);
-    EXPECT_EQ(f.GetFrameSize(&o, nullptr, Rect(0, 0, 784, 588), false), 2);
-    EXPECT_EQ(f.GetFrameSize(&o, nullptr, Rect(0, 0, 784, 588), true), 0);
+    EXPECT_EQ(std::tuple(frame(784, 588), frame(784, 588, true)), std::tuple(2, 0));
     PageObjectClass cls;
     cls.SetDefaultFrameType(2);
-    f.SetXPixels(600);  // taller than wide: the width decides
-    f.SetYPixels(800);
+    f.SetXPixels(600), f.SetYPixels(800);  // taller than wide: the width decides
     EXPECT_EQ(f.GetFrameSize(nullptr, &cls, Rect(0, 0, 294, 10), false), 2);
 }
 
@@ -128,12 +116,10 @@ TEST(PageFormat, TextSizeAndNearestFontSizeAgree) {
     state.AddClass()->SetDefaultFixedLines(1);
     PageFormat f;
     PageObject o;
-    o.SetObjectClassID(1);
-    o.SetTextLines(10);  // 11 lines of 20 pixels at 12 points, frame 2 and a pixel each side
-    o.SetFontSize(12.0f);
+    // 11 lines of 20 pixels at 12 points, frame 2 and a pixel each side
+    o.SetObjectClassID(1), o.SetTextLines(10), o.SetFontSize(12.0f);
     PixelSize size = f.GetTextObjectPixels(o);
-    EXPECT_EQ(size.Height, 11 * 20 + 6);
-    EXPECT_EQ(size.Width, 24 * 8 + 6);
+    EXPECT_EQ(std::pair(size.Width, size.Height), std::pair(24 * 8 + 6, 11 * 20 + 6));
     o.SetYRatio(2.0f);
     EXPECT_EQ(f.GetTextObjectPixels(o).Width, 113);
     o.SetLength(2, float(size.Height) / f.YPixels());

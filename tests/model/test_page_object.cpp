@@ -12,10 +12,7 @@ TEST(PageObject, PlacementDefaultsAndFittingInsideTheFrame) {
     PageObject o;
     EXPECT_EQ(o.GetRect(10, 20, 800, 600).ToString(), "(250,200)-(570,440)");  // 0.3 / 0.4
     EXPECT_EQ(ErrorOf([&] { o.PL_Columns(65); }), kSubscriptOutOfRange);
-    o.SetOrigin(1, -0.2f);
-    o.SetOrigin(2, 0.9f);
-    o.SetLength(1, 1.5f);
-    o.SetLength(2, 0.3f);
+    o.SetOrigin(1, -0.2f), o.SetOrigin(2, 0.9f), o.SetLength(1, 1.5f), o.SetLength(2, 0.3f);
     PageObject fitted = o;
     o.ForceInsideFrame();
     EXPECT_EQ(o.GetRect(0, 0, 100, 100).ToString(), "(0,70)-(100,100)");
@@ -26,12 +23,9 @@ TEST(PageObject, PlacementDefaultsAndFittingInsideTheFrame) {
 TEST(PageObject, LineCountsUseTheClassAndTheTitleBit) {
     test::ScopedModelState state;
     auto cls = state.AddClass(kOCUTitleLine);
-    cls->SetDefaultFixedLines(3);
-    cls->SetDefaultTextLines(12);
+    cls->SetDefaultFixedLines(3), cls->SetDefaultTextLines(12);
     PageObject o;
-    o.SetObjectClassID(1);
-    o.SetTitleOn(false);
-    o.SetTextLines(10);
+    o.SetObjectClassID(1), o.SetTitleOn(false), o.SetTextLines(10);
     EXPECT_EQ(o.TotalLines(), 2 + 12);  // the class's text lines, not the object's
     o.SetHorzBlocks(3);
     EXPECT_EQ(o.BlockLines(), 2 + 4);
@@ -50,10 +44,8 @@ TEST(PageObject, ClassesTheCatalogueLacksGetOneStandInEach) {
         const PageObjectClass& cls = o.POClass();
         EXPECT_FALSE(IsKnownClass(id));
         EXPECT_EQ(&cls, &StandInClass(id));
-        EXPECT_EQ(cls.FullName(), "Unknown class " + std::to_string(id));
-        EXPECT_EQ(cls.Shape(), kShapeBox);
-        EXPECT_EQ(cls.OCUFlags(), 0);
-        EXPECT_EQ(o.TotalLines(), 0);
+        EXPECT_EQ(std::tuple(cls.FullName(), cls.Shape(), cls.OCUFlags(), o.TotalLines()),
+                  std::tuple("Unknown class " + std::to_string(id), kShapeBox, 0, 0));
     }
     o.SetObjectClassID(1);
     EXPECT_TRUE(IsKnownClass(1));
@@ -66,11 +58,9 @@ TEST(PageObject, ListBoxWidthsUseColumnLabelsFontAndFrame) {
     Definitions().AspectList.Entries = {{1, 0, "Orb", 1}};
     PageFormat format;  // 96 dpi: a 9 point character is 6 pixels, a single frame 2
     PageObject o;
-    o.SetPL_Columns(1, 1);
-    o.SetPL_Columns(2, 99);  // not in the table
+    o.SetPL_Columns(1, 1), o.SetPL_Columns(2, 99);  // 99 is not in the table
     EXPECT_EQ(o.GetPLBoxWidth(format), (8 + 4 + 6) * 6 + 6);
     EXPECT_EQ(o.GetALBoxWidth(format), (12 + 4 + 6) * 6 + 6);
-    o.SetHorzBlocks(2);
-    o.SetFrameType(0);
+    o.SetHorzBlocks(2), o.SetFrameType(0);
     EXPECT_EQ(o.GetPLBoxWidth(format), 2 * 18 * 6 + 2);
 }

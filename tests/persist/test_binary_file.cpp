@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "core/RuntimeError.h"
 #include "persist/BinaryFile.h"
+#include "support/Errors.h"
 #include "support/TempDir.h"
 
 using namespace paginox;
@@ -34,12 +34,7 @@ TEST(BinaryFile, LengthFollowsWritesThoughItIsRemembered) {
 TEST(BinaryFile, OpeningForReadingRefusesFoldersAndMissingFiles) {
     test::TempDir dir;
     auto error = [](const std::string& path, FileKind kind) {
-        try {
-            BinaryFile f(path, kind);
-        } catch (const RuntimeError& e) {
-            return e.Number();
-        }
-        return 0;
+        return test::ErrorOf([&] { BinaryFile f(path, kind); });
     };
     EXPECT_EQ(error(dir.Folder(), FileKind::Read), kPathFileAccessError);
     EXPECT_EQ(error(dir.Folder(), FileKind::Write), kPathFileAccessError);

@@ -2,6 +2,7 @@
 
 #include "core/RuntimeError.h"
 #include "persist/DelimitedReader.h"
+#include "support/Errors.h"
 
 using namespace paginox;
 
@@ -24,12 +25,9 @@ TEST(DelimitedReader, RecordsSpanLinesAndShareThem) {
 TEST(DelimitedReader, ErrorsAndEmptyFields) {
     auto error = [](const std::string& bytes, int numbers) {
         DelimitedReader in(bytes);
-        try {
+        return test::ErrorOf([&] {
             for (int i = 0; i < numbers; ++i) in.ReadInt16();
-        } catch (const RuntimeError& e) {
-            return e.Number();
-        }
-        return 0;
+        });
     };
     EXPECT_EQ(error("", 1), kInputPastEndOfFile);
     EXPECT_EQ(error("1, \r\n", 2), kInputPastEndOfFile);

@@ -5,7 +5,7 @@
 #include "FakeSpecialFolders.h"
 #include "core/RuntimeError.h"
 #include "persist/Folders.h"
-#include "support/TempDir.h"
+#include "support/Golden.h"
 
 using namespace paginox;
 namespace fs = std::filesystem;
@@ -26,18 +26,14 @@ TEST(Folders, TableFromSpecialFoldersWithoutHostSettings) {
     test::FakeSpecialFolders special("C:", '\\');  // its Windows folder does not exist here
     Folders f;
     f.FindFolders(2, special, '\\');
-    EXPECT_EQ(f.Path(kSystemDataFolder), "\\");  // no host setting: a lone separator
-    EXPECT_EQ(f.Path(kSwissEphFolder), "C:\\Common\\Quillon\\SwissEph\\");
-    EXPECT_EQ(f.Path(kLocalDataFolder), "C:\\Local\\Quillon\\Veltrane\\v9\\");
-    EXPECT_EQ(f.Path(kUserFolder), "C:\\Docs\\Veltrane User Files\\");
-    EXPECT_EQ(f.Path(kTemporaryFolder), "C:\\Temp\\");
-    EXPECT_EQ(f.Path(kPointsFolder), "C:\\Docs\\Veltrane User Files\\Points & Colors\\");
-    EXPECT_EQ(f.Path(kUserRootFolder), f.Path(kUserFolder));
+    std::string table;
+    for (int16_t id = kSystemDataFolder; id <= kDatabasesFolder; ++id) {
+        table += std::to_string(id) + " " + f.DisplayName(id) + ": " + f.Path(id) + "\n";
+    }
+    EXPECT_EQ(table, test::GoldenText("persist/folders.txt"));
     EXPECT_EQ(f.SettingsFile(), "C:\\Docs\\Veltrane User Files\\Settings\\Veltrane9.ini");
-    EXPECT_EQ(f.DisplayName(kRoamingDataFolder), "AppData Roaming");
-    EXPECT_EQ(f.DisplayName(kUserRootFolder), "");
     EXPECT_THROW(f.Path(21), RuntimeError);
-
+    // Without a host setting the system data folder comes from the mode, unless starting up.
     f.FindFolders(1, special, '\\');
     EXPECT_EQ(f.Path(kAsteroidFolder), "C:\\Programs\\Quillon\\Veltrane\\v9\\Asteroid\\");
     f.FindFolders(0, special, '\\');

@@ -56,62 +56,41 @@ TEST(ObjectClassFile, RecordCountRoundsAndAPartialRecordReadsAsFarAsItGoes) {
         Fields(classes).ends_with("\n4: 44|Abbr|Partial|Describes it||0|0|0|0|0|0|0|0|0\n"));
 }
 
-TEST(ObjectClassFile, MissingFileIsCreatedEmptyWithoutAMessage) {
+struct ObjectClassMessages : ::testing::Test {
     test::TempDir dir;
     test::RecordingMessages messages;
     PageObjectClasses classes;
+    // The messages shown match that section of persist/messages.txt.
+    void ExpectShown(const char* section) {
+        EXPECT_EQ(messages.Transcript({{dir.Folder(), "$DIR/"}}),
+                  test::GoldenText("persist/messages.txt", section));
+    }
+};
+
+TEST_F(ObjectClassMessages, MissingFileIsCreatedEmptyUnreadableFilesAreReported) {
     LoadObjectClasses(dir / "objects.dfn", classes);
     EXPECT_EQ(classes.Count(), 0);
-    EXPECT_TRUE(messages.shown.empty());
     EXPECT_TRUE(std::filesystem::exists(dir / "objects.dfn"));
-}
-
-TEST(ObjectClassFile, UnreadableFilesAreReportedAndLeaveTheCatalogueEmpty) {
-    test::TempDir dir;
-    test::RecordingMessages messages;
-    PageObjectClasses classes;
+    // One box, not an "Open Error" before it; the catalogue is left empty.
     classes.SetCount(2);
-    std::string path = dir / "missing/objects.dfn";
-    LoadObjectClasses(path, classes);
+    LoadObjectClasses(dir / "missing/objects.dfn", classes);
     EXPECT_EQ(classes.Count(), 0);
-    ASSERT_EQ(messages.shown.size(), 1u);  // one box, not an "Open Error" before it
-    EXPECT_EQ(messages.shown[0].text,
-              "Error whilst reading file " + path + "\r\n\r\nPath not found");
-    EXPECT_EQ(messages.shown[0].buttons, MsgButtons::Ok);
-
     // 32767.5 records round to 32768, which no 16-bit count holds. Sparse: nothing is written.
-    path = dir.Write("huge.dfn", "");
-    ASSERT_EQ(truncate(path.c_str(), off_t(219) * 32767 + 110), 0);
+    std::string huge = dir.Write("huge.dfn", "");
+    ASSERT_EQ(truncate(huge.c_str(), off_t(219) * 32767 + 110), 0);
     classes.SetCount(2);
-    LoadObjectClasses(path, classes);
+    LoadObjectClasses(huge, classes);
     EXPECT_EQ(classes.Count(), 0);
-    EXPECT_EQ(messages.shown.back().text, "Error whilst reading file " + path + "\r\n\r\nOverflow");
+    ExpectShown("unreadable catalogues");
 }
 
-TEST(ObjectClassFile, StartUpSaysOnceWhenTheCatalogueIsNotWhole) {
-    test::TempDir dir;
+TEST_F(ObjectClassMessages, StartUpSaysOnceWhenTheCatalogueIsNotWhole) {
     test::ScopedModelState state;
-    const std::string tail = "; pages that use others show them as unknown objects.";
-    const std::vector<std::pair<std::string, std::string>> cases = {
-        {"whole.dfn", ""},
-        {"missing.dfn", " was not found, so it holds 0 classes"},
-        {"empty.dfn", " is empty: it holds 0 classes"},
-        {"cut.dfn", " is cut short: it holds 2 classes"},
-    };
     dir.Write("whole.dfn", kRecords.substr(0, 2 * 219));
     dir.Write("empty.dfn", "");
     dir.Write("cut.dfn", kRecords.substr(0, 2 * 219) + "x");
-    for (const auto& [name, said] : cases) {
-        SCOPED_TRACE(name);
-        test::RecordingMessages messages;
+    for (const char* name : {"whole.dfn", "missing.dfn", "empty.dfn", "cut.dfn"}) {
         LoadCatalogue(dir / name);
-        if (said.empty()) {
-            EXPECT_TRUE(messages.shown.empty());
-            continue;
-        }
-        ASSERT_EQ(messages.shown.size(), 1u);
-        EXPECT_EQ(messages.shown[0].text,
-                  "The object class catalogue " + (dir / name) + said + tail);
-        EXPECT_EQ(messages.shown[0].title, "Object Classes");
     }
+    ExpectShown("catalogues at start-up");
 }

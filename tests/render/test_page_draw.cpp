@@ -32,14 +32,20 @@ struct Catalogue {
     std::shared_ptr<PageObjectClass> Add(int16_t shape, const std::string& name, int16_t charts,
                                          int16_t frame = 1) {
         auto cls = state.AddClass();
-        cls->SetShape(shape);
-        cls->SetFullName(name);
-        cls->SetNumCharts(charts);
-        cls->SetDefaultFrameType(frame);
-        cls->SetObjectType(1);
+        cls->SetShape(shape), cls->SetFullName(name), cls->SetNumCharts(charts);
+        cls->SetDefaultFrameType(frame), cls->SetObjectType(1);
         return cls;
     }
 };
+
+// Each problem as "object: description", marked when the object was drawn all the same.
+std::string Problems(const std::vector<DrawProblem>& problems) {
+    std::string s;
+    for (const DrawProblem& p : problems) {
+        s += std::to_string(p.Object) + ": " + p.Description + (p.Drawn ? " (drawn); " : "; ");
+    }
+    return s;
+}
 
 std::shared_ptr<PageObject> Place(PageFormat& format, const PageObjectClass& cls, float x, float y,
                                   float w, float h) {
@@ -50,60 +56,47 @@ std::shared_ptr<PageObject> Place(PageFormat& format, const PageObjectClass& cls
     return obj;
 }
 
-// A surface in the state a format leaves it in before its objects: shapes filled grey.
-RecordingSurface FilledShapes() {
+// The calls that drawing one object on an 800 x 600 format makes, on a surface in the state
+// the format leaves it in (shapes filled grey); only those that start with prefix.
+Lines Drawn(const PageObjectClass& cls, const PageObject* obj, RectClass r,
+            const std::string& prefix = "") {
     RecordingSurface s;
-    s.SetFillStyle(kFillSolid);
-    s.SetFillColor(Rgb(224, 224, 224));
+    s.SetFillStyle(kFillSolid), s.SetFillColor(Rgb(224, 224, 224));
     s.calls.clear();
-    return s;
+    DrawObject(s, 1, cls, obj, PageFormat(), &r, false, false);
+    return s.Matching(prefix);
 }
 
 }  // namespace
 
 TEST(PageDraw, WheelRingsFollowTheChartCountAndTrianglesAreDrawnTwice) {
-    Catalogue cat;
-    PageFormat format;  // 800 x 600, margins 0.01: a single frame is 2 pixels on 800
+    Catalogue cat;  // on 800 pixels a single frame is 2 pixels
     auto biWheel = cat.Add(kShapeCircle, "Bi-Wheel", 2);
     auto triWheel = cat.Add(kShapeCircle, "Tri-Wheel", 3);
     auto corner = cat.Add(kShapeTriangle, "Corner", 0, 2);
     PageObject obj;
     RectClass r = Rect(300, 200, 200, 241);  // R = 100 about (400, 320)
-    RecordingSurface bi = FilledShapes(), tri = FilledShapes(), triangle = FilledShapes();
-    DrawObject(bi, 1, *biWheel, &obj, format, &r, false, false);
-    EXPECT_EQ(bi.calls, Drawing("bi-wheel"));
+    EXPECT_EQ(Drawn(*biWheel, &obj, r), Drawing("bi-wheel"));
     obj.SetFrameType(0);
-    DrawObject(tri, 1, *triWheel, &obj, format, &r, false, false);
-    EXPECT_EQ(tri.Matching("Circle"), Drawing("tri-wheel without a frame"));
-    r = Rect(100, 100, 200, 100);
-    DrawObject(triangle, 1, *corner, nullptr, format, &r, false, false);
-    EXPECT_EQ(triangle.Matching("Polygon"), Drawing("triangle of a class alone"));
+    EXPECT_EQ(Drawn(*triWheel, &obj, r, "Circle"), Drawing("tri-wheel without a frame"));
+    EXPECT_EQ(Drawn(*corner, nullptr, Rect(100, 100, 200, 100), "Polygon"),
+              Drawing("triangle of a class alone"));
 }
 
 TEST(PageDraw, BoxShowsItsFrameBlocksAndRows) {
     Catalogue cat;
-    PageFormat format;
     auto list = cat.Add(kShapeBox, "List", 1);
-    list->SetDefaultFixedLines(2);
-    list->SetDefaultTextLines(4);
-    list->SetOCUFlags(kOCUTitleLine);
+    list->SetDefaultFixedLines(2), list->SetDefaultTextLines(4), list->SetOCUFlags(kOCUTitleLine);
     PageObject obj;
-    obj.SetObjectClassID(list->ClassID());
-    obj.SetHorzBlocks(3);
-    obj.SetTextLines(50);                   // the rows come from the class, not from the object
+    // The rows come from the class, not from the object's 50 lines.
+    obj.SetObjectClassID(list->ClassID()), obj.SetHorzBlocks(3), obj.SetTextLines(50);
     RectClass r = Rect(100, 50, 206, 124);  // f = 2: inside 202 by 120
-    RecordingSurface titled = FilledShapes(), untitled = FilledShapes(), bare = FilledShapes();
-    DrawObject(titled, 1, *list, &obj, format, &r, false, false);
-    EXPECT_EQ(titled.calls, Drawing("box with a title line and three blocks"));
+    EXPECT_EQ(Drawn(*list, &obj, r), Drawing("box with a title line and three blocks"));
     obj.SetTitleOn(false);
-    DrawObject(untitled, 1, *list, &obj, format, &r, false, false);
-    EXPECT_EQ(untitled.Matching("Line (100"), Drawing("box without its title line: the rows"));
-    list->SetDefaultFixedLines(0);
-    list->SetDefaultTextLines(1);
-    obj.SetHorzBlocks(1);
-    obj.SetFrameType(0);
-    DrawObject(bare, 1, *list, &obj, format, &r, false, false);
-    EXPECT_EQ(bare.calls, Drawing("box of one row and block without a frame"));
+    EXPECT_EQ(Drawn(*list, &obj, r, "Line (100"), Drawing("box without its title line: the rows"));
+    list->SetDefaultFixedLines(0), list->SetDefaultTextLines(1);
+    obj.SetHorzBlocks(1), obj.SetFrameType(0);
+    EXPECT_EQ(Drawn(*list, &obj, r), Drawing("box of one row and block without a frame"));
 }
 
 TEST(PageDraw, NamesAreCentredAndRaisedForChartLabels) {
@@ -114,8 +107,7 @@ TEST(PageDraw, NamesAreCentredAndRaisedForChartLabels) {
     PageFormat format;
     // Origins and sizes that land on whole pixels of the 784 x 588 printable area at (8, 6).
     auto a = Place(format, *wheel, 0.25f, 0.25f, 0.5f, 0.5f);  // (204,153) 392 x 294
-    a->SetNumCharts(2);
-    a->SetChartNum(2, 3);
+    a->SetNumCharts(2), a->SetChartNum(2, 3);
     Place(format, *corner, 0.0f, 0.0f, 0.25f, 0.25f);  // (8,6) 196 x 147
     Place(format, *caption, 0.5f, 0.75f, 0.25f, 0.25f)->SetNumCharts(0);
     RecordingSurface one, two, preview, bare;
@@ -204,17 +196,12 @@ TEST(PageDraw, DamagedObjectsAreReportedAndNeverStopTheDrawing) {
     Place(format, *box, 0.5f, 0.5f, 0.2f, 0.2f)->SetObjectClassID(42);
     PreviewRects rects;
     RecordingSurface s;
-    std::vector<DrawProblem> problems = DrawFormat(s, nullptr, 1, format, true, true, true, &rects);
-    ASSERT_EQ(problems.size(), 3u);
-    EXPECT_EQ(problems[0].Object, 2);
-    EXPECT_EQ(problems[0].Description, "not drawn: Overflow");
-    EXPECT_FALSE(problems[0].Drawn);
-    EXPECT_EQ(problems[1].Object, 3);
-    EXPECT_EQ(problems[2].Object, 4);
-    EXPECT_TRUE(problems[2].Drawn);
+    EXPECT_EQ(
+        Problems(DrawFormat(s, nullptr, 1, format, true, true, true, &rects)),
+        "2: not drawn: Overflow; 3: not drawn: Overflow; 4: class 42 is not in the catalogue; "
+        "drawn as a plain box (drawn); ");
     EXPECT_EQ(rects.Unplaced, (std::vector<int16_t>{2, 3}));
-    EXPECT_TRUE(rects.IsPlaced(1));
-    EXPECT_TRUE(rects.IsPlaced(4));
+    EXPECT_TRUE(rects.IsPlaced(1) && rects.IsPlaced(4));
     // The unknown object: one plain outline, no grid or frame, labelled with its number.
     EXPECT_EQ(s.Matching("Box (400,300)"), Lines{"Box (400,300)-(541,406) " + kGrey + " outline"});
     EXPECT_EQ(s.Matching("Print 'Unknown class 42'").size(), 1u);
@@ -229,19 +216,16 @@ TEST(PageDraw, AFormatThatCannotBePlacedIsLeftEmpty) {
     format.SetMargin(1, 1, std::numeric_limits<float>::infinity());
     PreviewRects rects;
     RecordingSurface s;
-    std::vector<DrawProblem> problems = DrawFormat(s, nullptr, 1, format, true, true, true, &rects);
-    ASSERT_EQ(problems.size(), 1u);
-    EXPECT_EQ(problems[0].Object, 0);
+    EXPECT_EQ(Problems(DrawFormat(s, nullptr, 1, format, true, true, true, &rects)),
+              "0: Overflow; ");
     EXPECT_TRUE(s.calls.empty());
     EXPECT_EQ(rects.Unplaced, (std::vector<int16_t>{1}));
 
     // A format of no pixels cannot size any frame.
     format.SetMargin(1, 1, 0.0f);
     format.SetXPixels(0);
-    problems = DrawFormat(s, nullptr, 1, format, true, true, true, &rects);
-    ASSERT_EQ(problems.size(), 1u);
-    EXPECT_EQ(problems[0].Object, 0);
-    EXPECT_EQ(problems[0].Description, "it is 0 x 600 pixels");
+    EXPECT_EQ(Problems(DrawFormat(s, nullptr, 1, format, true, true, true, &rects)),
+              "0: it is 0 x 600 pixels; ");
 }
 
 TEST(PageDraw, PreviewNoteSaysWhatIsMissing) {

@@ -42,12 +42,6 @@ TEST(QtSurface, ShapesAndTextLandOnTheirPixels) {
          {std::tuple{10, 10, true}, {14, 14, true}, {15, 14, false}, {9, 10, false}}) {
         EXPECT_EQ(image.pixelColor(x, y), red ? QColor(255, 0, 0) : kGrey) << x << "," << y;
     }
-    s.SetFillStyle(kFillSolid);
-    s.SetFillColor(Rgb(0, 255, 0));
-    s.DrawCircle(100, 50, 20, Rgb(0, 0, 0), true);
-    EXPECT_EQ(image.pixelColor(100, 50), QColor(0, 255, 0));
-    EXPECT_EQ(image.pixelColor(100, 25), kGrey);
-    EXPECT_LT(image.pixelColor(120, 50).lightness(), 128);  // on the ring
     s.SetDrawStyle(kLineDot);
     s.Line(50, 0, 50, 99, Rgb(0, 0, 0));
     int black = 0;
@@ -56,16 +50,12 @@ TEST(QtSurface, ShapesAndTextLandOnTheirPixels) {
 
     QImage text = Blank(200, 100);
     QtSurface t(text);
-    t.SetForeColor(Rgb(0, 0, 255));
-    t.SetCurrentX(30);
-    t.SetCurrentY(20);
+    t.SetForeColor(Rgb(0, 0, 255)), t.SetCurrentX(30), t.SetCurrentY(20);
     float width = t.TextWidth("Chart Wheel"), height = t.TextHeight("Chart Wheel");
     t.Print("Chart Wheel");
-    EXPECT_EQ(t.CurrentX(), 0);
-    EXPECT_EQ(t.CurrentY(), 20 + height);
+    EXPECT_EQ(std::pair(t.CurrentX(), t.CurrentY()), std::pair(0.0f, 20 + height));
     auto [inside, outside] = InkInsideAndOutside(text, QRectF(30, 20, width, height));
-    EXPECT_GT(inside, 30);
-    EXPECT_EQ(outside, 0);
+    EXPECT_TRUE(inside > 30 && outside == 0) << inside << " inside, " << outside << " outside";
 }
 
 TEST(QtSurface, TextMeasuresTheSameAtDoubleRatioAndFollowsTheSurface) {
@@ -86,14 +76,12 @@ TEST(QtSurface, RingsOnADiscLookAsIfEachWereFilled) {
     QImage drawn = Blank(240, 240, 1, Qt::white), expected = drawn;
     {
         QtSurface s(drawn);
-        s.SetFillStyle(kFillSolid);
-        s.SetFillColor(Rgb(224, 224, 224));
+        s.SetFillStyle(kFillSolid), s.SetFillColor(Rgb(224, 224, 224));
         for (double r : radii) s.DrawCircle(120, 120, r, Rgb(128, 128, 128), true);
     }
     QPainter p(&expected);
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QColor(128, 128, 128));
-    p.setBrush(QColor(224, 224, 224));
+    p.setPen(QColor(128, 128, 128)), p.setBrush(QColor(224, 224, 224));
     for (double r : radii) p.drawEllipse(QPointF(120.5, 120.5), r, r);
     p.end();
     EXPECT_EQ(drawn, expected);

@@ -42,7 +42,32 @@ class RecordingMessages : public MessageService {
         return shown.empty() ? "" : shown.back().title + ": " + shown.back().text;
     }
 
+    // Every message shown, a line each as "Title [buttons icon]: text" with CR LF written as
+    // \r\n, for golden files; each pair's first text is written as its second ("$DIR/" for a
+    // temporary folder).
+    std::string Transcript(
+        const std::vector<std::pair<std::string, std::string>>& names = {}) const {
+        static const char* buttons[] = {"Ok",          "OkCancel",    "YesNo",
+                                        "YesNoCancel", "RetryCancel", "AbortRetryIgnore"};
+        static const char* icons[] = {"", " Critical", " Question", " Exclamation", " Information"};
+        std::string all;
+        for (const ShownMessage& m : shown) {
+            std::string line =
+                m.title + " [" + buttons[int(m.buttons)] + icons[int(m.icon)] + "]: " + m.text;
+            for (auto [from, to] : names) Replace(line, from, to);
+            Replace(line, "\r\n", "\\r\\n");
+            all += line + "\n";
+        }
+        return all;
+    }
+
   private:
+    static void Replace(std::string& text, const std::string& from, const std::string& to) {
+        for (size_t at = 0; !from.empty() && (at = text.find(from, at)) != std::string::npos;
+             at += to.size()) {
+            text.replace(at, from.size(), to);
+        }
+    }
     // Only for picking the default answer; prints nothing itself.
     struct FirstButton : MessageService {
         MsgAnswer Show(const std::string&, const std::string&, MsgButtons b, MsgIcon) override {

@@ -5,24 +5,15 @@
 #include <filesystem>
 #include <sstream>
 
+#include "support/DamagedPage.h"
 #include "support/RecordingMessages.h"
-#include "support/TempDir.h"
 #include "tool/Tool.h"
 
 using namespace paginox;
+namespace fs = std::filesystem;
 
 namespace {
-const std::string kSamplePage = std::string(PAGINOX_SAMPLE_DIR) + "/User Files/Pages/Poster.pag";
-
-// The render command's status and the image it wrote to dir/out.png.
-std::pair<int, QImage> Render(const test::TempDir& dir, std::vector<std::string> args) {
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);  // the tool honours a platform already chosen
-    args.insert(args.begin(), {"--data", std::string(PAGINOX_SAMPLE_DIR) + "/System", "render"});
-    std::ostringstream out, err;
-    int status = RunTool(args, out, err);
-    EXPECT_EQ(err.str().find("Usage") != std::string::npos, status == kExitUsage) << err.str();
-    return {status, QImage(QString::fromStdString(dir / "out.png"))};
-}
+const std::string kSamplePages = std::string(PAGINOX_SAMPLE_DIR) + "/User Files/Pages/";
 
 bool HasBlue(const QImage& image) {
     for (int y = 0; y < image.height(); ++y) {
@@ -33,12 +24,32 @@ bool HasBlue(const QImage& image) {
     }
     return false;
 }
+
+// A copy of the sample page "Poster.pag", with the sample picture beside it as in the sample.
+struct RenderCommand : ::testing::Test {
+    test::TempDir dir;
+    test::RecordingMessages messages;
+    std::string page = dir.Write("Poster.pag", test::ReadAll(kSamplePages + "Poster.pag"));
+    std::string out = dir / "out.png";
+    RenderCommand() { fs::copy_file(kSamplePages + "Sunburst.bmp", dir / "Sunburst.bmp"); }
+
+    // The status of the render command with those words, and the image it wrote to out.
+    std::pair<int, QImage> Render(const std::string& line) {
+        setenv("QT_QPA_PLATFORM", "offscreen", 0);  // the tool honours a platform already chosen
+        std::vector<std::string> args = {"--data", std::string(PAGINOX_SAMPLE_DIR) + "/System",
+                                         "render"};
+        std::istringstream words(line);
+        for (std::string w; words >> w;) args.push_back(w);
+        std::ostringstream text, err;
+        int status = RunTool(args, text, err);
+        EXPECT_EQ(err.str().find("Usage") != std::string::npos, status == kExitUsage) << err.str();
+        return {status, QImage(QString::fromStdString(out))};
+    }
+};
 }  // namespace
 
-TEST(RenderCommand, ThumbnailAndPreviewOfASamplePage) {
-    test::TempDir dir;
-    std::string out = dir / "out.png";
-    auto [status, thumb] = Render(dir, {kSamplePage, "-o", out, "--size", "320x240"});
+TEST_F(RenderCommand, ThumbnailAndPreviewOfASamplePage) {
+    auto [status, thumb] = Render(page + " -o " + out + " --size 320x240");
     ASSERT_EQ(status, 0);
     ASSERT_EQ(thumb.size(), QSize(320, 240));
     // The 705 x 581 page is relatively taller than the image: its outline runs along the top
@@ -46,72 +57,49 @@ TEST(RenderCommand, ThumbnailAndPreviewOfASamplePage) {
     EXPECT_EQ(thumb.pixelColor(160, 0), QColor(0, 0, 0));
     EXPECT_EQ(thumb.pixelColor(160, 239), QColor(0, 0, 0));
     EXPECT_TRUE(HasBlue(thumb));  // labels
-    // The sample picture lies beside the page: with pictures the thumbnail shows it.
-    EXPECT_NE(Render(dir, {kSamplePage, "-o", out, "--size", "320x240", "--no-pictures"}).second,
-              thumb);
+    // With pictures the thumbnail shows the one beside the page.
+    EXPECT_NE(Render(page + " -o " + out + " --size 320x240 --no-pictures").second, thumb);
 
     // A single number is the longer side, as file managers ask: the 705 x 581 page keeps its
     // proportions, up or down, and fills the image.
     for (auto [side, size] : {std::pair{"128", QSize(128, 105)}, {"1000", QSize(1000, 824)}}) {
-        QImage scaled = Render(dir, {kSamplePage, "-o", out, "--size", side}).second;
+        QImage scaled = Render(page + " -o " + out + " --size " + side).second;
         EXPECT_EQ(scaled.size(), size) << side;
         EXPECT_EQ(scaled.pixelColor(0, size.height() / 2), QColor(0, 0, 0)) << side;
     }
 
-    auto [ok, preview] = Render(dir, {"--interactive", kSamplePage, "-o", out, "--no-labels"});
+    auto [ok, preview] = Render("--interactive " + page + " -o " + out + " --no-labels");
     ASSERT_EQ(ok, 0);
     EXPECT_GT(preview.width(), 100);  // the format's own size
     EXPECT_EQ(preview.pixelColor(2, 2), QColor(192, 192, 192));
     EXPECT_FALSE(HasBlue(preview));
 }
 
-TEST(RenderCommand, UsageErrorsAndFailures) {
-    test::TempDir dir;
-    std::string out = dir / "out.png";
-    for (const auto& args :
-         std::vector<std::vector<std::string>>{{kSamplePage, "-o", out, "--format", "99"},
-                                               {kSamplePage, "-o", out, "--format", "0"},
-                                               {kSamplePage, "-o", out, "--format"},
-                                               {kSamplePage, "-o", out, "--size", "10by10"},
-                                               {kSamplePage, "-o", out, "--size", "0x10"},
-                                               {kSamplePage, "-o", out, "--size", "0"},
-                                               {kSamplePage},
-                                               {"-o", out},
-                                               {kSamplePage, "-o", out, "--bogus"}}) {
-        EXPECT_EQ(Render(dir, args).first, kExitUsage) << args.back();
+TEST_F(RenderCommand, UsageErrorsAndFailures) {
+    for (const char* options : {"--format 99", "--format 0", "--format", "--size 10by10",
+                                "--size 0x10", "--size 0", "--bogus"}) {
+        EXPECT_EQ(Render(page + " -o " + out + " " + options).first, kExitUsage) << options;
     }
-    test::RecordingMessages messages;
-    EXPECT_EQ(Render(dir, {dir / "none.pag", "-o", out}).first, kExitFailure);
+    EXPECT_EQ(Render(page).first, kExitUsage);
+    EXPECT_EQ(Render("-o " + out).first, kExitUsage);
+    EXPECT_EQ(Render(dir / "none.pag -o " + out).first, kExitFailure);
     EXPECT_EQ(messages.Last().substr(0, 11), "Open Error:");
-    EXPECT_EQ(Render(dir, {kSamplePage, "-o", dir / "no/such/folder.png"}).first, kExitFailure);
+    EXPECT_EQ(Render(page + " -o " + dir / "no/such/folder.png").first, kExitFailure);
     EXPECT_EQ(messages.shown.back().text.rfind("Error whilst writing the image ", 0), 0u);
     // Saved as pages are: an image that cannot be replaced keeps every byte.
-    std::string kept = dir.Write("kept.png", "old");
-    std::filesystem::permissions(kept, std::filesystem::perms::owner_read);
-    EXPECT_EQ(Render(dir, {kSamplePage, "-o", kept}).first, kExitFailure);
-    EXPECT_EQ(test::ReadAll(kept), "old");
+    dir.Write("out.png", "old");
+    fs::permissions(out, fs::perms::owner_read);
+    EXPECT_EQ(Render(page + " -o " + out).first, kExitFailure);
+    EXPECT_EQ(test::ReadAll(out), "old");
 }
 
-TEST(RenderCommand, ADamagedPageIsDrawnAsFarAsItGoesWithWarnings) {
-    test::TempDir dir;
-    std::string bytes = test::ReadAll(kSamplePage);
-    // The first format's first object gets a class the catalogue lacks, its second a NaN Origin.
-    const size_t first = 349 + 34;
-    const size_t second = first + 1605;
-    ASSERT_GT(bytes.size(), second + 16);
-    bytes[first] = char(0xE7);  // class 999
-    bytes[first + 1] = char(0x03);
-    const char nan[4] = {0, 0, char(0xC0), char(0x7F)};
-    std::copy(nan, nan + 4, bytes.begin() + second + 12);
-    std::string page = dir.Write("damaged.pag", bytes);
-
-    test::RecordingMessages messages;
-    auto [status, image] = Render(dir, {page, "-o", dir / "out.png"});
+TEST_F(RenderCommand, ADamagedPageIsDrawnAsFarAsItGoesWithWarnings) {
+    dir.Write("Poster.pag", test::DamagedPage(page));
+    auto [status, image] = Render(page + " -o " + out);
     EXPECT_EQ(status, 0);
     EXPECT_FALSE(image.isNull());
-    ASSERT_EQ(messages.shown.size(), 2u);
-    EXPECT_EQ(messages.shown[0].title, "Warning");
-    EXPECT_EQ(messages.shown[0].text,
-              "format 1, object 1: class 999 is not in the catalogue; drawn as a plain box");
-    EXPECT_EQ(messages.shown[1].text, "format 1, object 2: not drawn: Overflow");
+    EXPECT_EQ(messages.Transcript(),
+              "Warning [Ok Exclamation]: format 1, object 1: class 999 is not in the catalogue; "
+              "drawn as a plain box\n"
+              "Warning [Ok Exclamation]: format 1, object 2: not drawn: Overflow\n");
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <filesystem>
 #include <set>
 
@@ -18,25 +19,10 @@
 using namespace paginox;
 namespace fs = std::filesystem;
 
-namespace {
-const std::string kPages = std::string(PAGINOX_SAMPLE_DIR) + "/User Files/Pages/";
-
-std::set<std::string> SamplePageFiles() {
-    std::set<std::string> files;
-    for (const auto& e : fs::directory_iterator(kPages)) {
-        if (e.path().extension() == ".pag") files.insert(e.path().string());
-    }
-    return files;
-}
-
-uint32_t Le(const std::string& b, size_t at, int n) {
-    uint32_t v = 0;
-    for (int i = n - 1; i >= 0; --i) v = (v << 8) | uint8_t(b[at + size_t(i)]);
-    return v;
-}
-}  // namespace
-
-TEST(SamplePages, RoundTripByteForByteAndArriveInTheDemoPagesFolder) {
+// Every sample page reads and saves byte for byte, arrives in the demo pages folder as it is,
+// and together they show every shape, several charts, lists, a picture, screens and printers.
+TEST(SamplePages, RoundTripArriveInTheDemoFolderAndCoverEveryKind) {
+    const std::string pages = std::string(PAGINOX_SAMPLE_DIR) + "/User Files/Pages/";
     test::TempDir dir;
     test::RecordingMessages messages;
     auto real = std::make_shared<test::FakeSpecialFolders>(dir / "home", '/');
@@ -44,28 +30,21 @@ TEST(SamplePages, RoundTripByteForByteAndArriveInTheDemoPagesFolder) {
     ASSERT_TRUE(env.UsingDemoData);
     Folders folders;
     folders.FindFolders(2, *env.Special, '/');
-    ASSERT_GE(SamplePageFiles().size(), 6u);
-    for (const std::string& file : SamplePageFiles()) {
+    EXPECT_TRUE(fs::exists(folders.Path(kPagesFolder) + "Sunburst.bmp"));
+    PageObjectClasses classes;
+    LoadObjectClasses(std::string(PAGINOX_SAMPLE_DIR) + "/System/objects.dfn", classes);
+    std::set<int16_t> shapes, charts;
+    int files = 0, screens = 0, printers = 0, lists = 0, pictures = 0;
+    for (const auto& entry : fs::directory_iterator(pages)) {
+        const std::string file = entry.path().string(), name = entry.path().filename();
+        if (entry.path().extension() != ".pag") continue;
+        ++files;
         auto page = ReadPage(file, -1, true);
         ASSERT_TRUE(page) << file;
         EXPECT_EQ(page->ReadVersion(), 4);
         ASSERT_TRUE(SavePage(dir / "copy.pag", *page));
         EXPECT_EQ(test::ReadAll(dir / "copy.pag"), test::ReadAll(file)) << file;
-        std::string copy = folders.Path(kPagesFolder) + fs::path(file).filename().string();
-        EXPECT_EQ(test::ReadAll(copy), test::ReadAll(file)) << copy;
-    }
-    EXPECT_TRUE(fs::exists(folders.Path(kPagesFolder) + "Sunburst.bmp"));
-    EXPECT_TRUE(messages.shown.empty());
-}
-
-TEST(SamplePages, CoverChartsShapesListsPicturesAndFormats) {
-    PageObjectClasses classes;
-    LoadObjectClasses(std::string(PAGINOX_SAMPLE_DIR) + "/System/objects.dfn", classes);
-    std::set<int16_t> shapes, charts;
-    int screens = 0, printers = 0, lists = 0, pictures = 0;
-    for (const std::string& file : SamplePageFiles()) {
-        auto page = ReadPage(file, -1, false);
-        ASSERT_TRUE(page);
+        EXPECT_EQ(test::ReadAll(folders.Path(kPagesFolder) + name), test::ReadAll(file)) << name;
         charts.insert(page->NumCharts());
         for (int16_t k = 1; k <= page->NumFormats(); ++k) {
             const PageFormat& f = *page->GetFormat(k);
@@ -78,16 +57,20 @@ TEST(SamplePages, CoverChartsShapesListsPicturesAndFormats) {
                 if (c.ObjectType() != 18) continue;
                 ++pictures;
                 // The picture sits beside the page: a 64 x 64, 24-bit bitmap.
-                std::string bmp = test::ReadAll(kPages + o.GenericFile());
+                std::string bmp = test::ReadAll(pages + o.GenericFile());
                 ASSERT_EQ(bmp.size(), 54u + 64 * 64 * 3) << o.GenericFile();
-                EXPECT_EQ(bmp.substr(0, 2), "BM");
-                EXPECT_EQ(std::vector<uint32_t>(
-                              {Le(bmp, 2, 4), Le(bmp, 10, 4), Le(bmp, 18, 4), Le(bmp, 28, 2)}),
-                          std::vector<uint32_t>({uint32_t(bmp.size()), 54, 64, 24}));
+                uint32_t size, offset, width;  // the file's size, where pixels start, width
+                uint16_t bits;
+                std::memcpy(&size, &bmp[2], 4), std::memcpy(&offset, &bmp[10], 4);
+                std::memcpy(&width, &bmp[18], 4), std::memcpy(&bits, &bmp[28], 2);
+                EXPECT_EQ(std::tuple(bmp.substr(0, 2), size, offset, width, bits),
+                          std::tuple("BM", bmp.size(), 54u, 64u, 24));
             }
         }
     }
+    EXPECT_GE(files, 6);
     EXPECT_EQ(shapes, (std::set<int16_t>{0, 1, 2}));
     EXPECT_TRUE(charts.count(1) && *charts.rbegin() >= 2);
     EXPECT_TRUE(screens >= 2 && printers >= 1 && lists > 0 && pictures > 0);
+    EXPECT_TRUE(messages.shown.empty());
 }

@@ -3,7 +3,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -19,6 +18,7 @@
 #include "tool/Tool.h"
 
 using namespace paginox;
+namespace fs = std::filesystem;
 
 namespace {
 struct ToolRun {
@@ -27,15 +27,15 @@ struct ToolRun {
 };
 
 // The tool run on the words of the command line; with sample, every definition file comes
-// from the sample data.
-ToolRun Tool(const std::string& line, bool sample = false) {
+// from the sample data. Standard output goes to out when one is given.
+ToolRun Tool(const std::string& line, bool sample = false, std::ostream* out = nullptr) {
     std::vector<std::string> args;
     if (sample) args = {"--data", std::string(PAGINOX_SAMPLE_DIR) + "/System"};
     std::istringstream words(line);
     for (std::string w; words >> w;) args.push_back(w);
-    std::ostringstream out, err;
-    int status = RunTool(args, out, err);
-    return {status, out.str(), err.str()};
+    std::ostringstream text, err;
+    int status = RunTool(args, out ? *out : text, err);
+    return {status, text.str(), err.str()};
 }
 
 // A page of one format holding objects of sample catalogue classes (1 the single wheel, 8 the
@@ -44,8 +44,7 @@ std::string SavedPage(const test::TempDir& dir, const std::string& name,
                       const std::vector<std::vector<std::string>>& objects) {
     PageClass page;
     page.InitNewPage();
-    page.SetDescription("Caf\xE9 page");  // Windows-1252 e acute
-    page.SetListAbbreviation("Nat");
+    page.SetDescription("Caf\xE9 page"), page.SetListAbbreviation("Nat");  // Windows-1252 é
     for (const auto& fields : objects) {
         auto o = std::make_shared<PageObject>();
         o->SetObjectClassID(int16_t(std::stoi(fields[0])));
@@ -55,12 +54,16 @@ std::string SavedPage(const test::TempDir& dir, const std::string& name,
     EXPECT_TRUE(SavePage(dir / name, page));
     return dir / name;
 }
+
+struct ToolPages : ::testing::Test {
+    test::TempDir dir;
+    test::RecordingMessages messages;
+    std::string natal = SavedPage(dir, "Natal.pag", {{"1", "Natal", "", ""}});
+};
 }  // namespace
 
-TEST(ToolPages, InfoPrintsTheSummaryWithItsCrLfAndOneLf) {
-    test::TempDir dir;
-    std::string page =
-        SavedPage(dir, "Natal.pag", {{"1", "Natal", "", ""}, {"1", "Natal", "", ""}});
+TEST_F(ToolPages, InfoPrintsTheSummaryWithItsCrLfAndOneLf) {
+    std::string page = SavedPage(dir, "Two.pag", {{"1", "Natal", "", ""}, {"1", "Natal", "", ""}});
     ToolRun r = Tool("info " + page, true);
     ASSERT_EQ(r.status, kExitOk) << r.err;
     EXPECT_EQ(r.out, "File   : " + page +
@@ -70,66 +73,47 @@ TEST(ToolPages, InfoPrintsTheSummaryWithItsCrLfAndOneLf) {
                          "    Objects : 2 -   Nat, Nat\r\n\r\nFile: Natal.wh1\n");
 }
 
-TEST(ToolPages, RefsCollectsOverThePagesInOrderEachNameOnce) {
-    test::TempDir dir;
-    test::RecordingMessages messages;
+TEST_F(ToolPages, RefsCollectsOverThePagesInOrderEachNameOnce) {
     std::string a = SavedPage(dir, "a.pag", {{"1", "Natal", "Major", ""}});
     std::string b = SavedPage(dir, "b.pag", {{"8", "", "Major", "Main"}, {"1", "Natal", "", ""}});
     ToolRun r = Tool("refs " + a + " " + b, true);
-    ASSERT_EQ(r.status, kExitOk) << r.err;
-    EXPECT_EQ(r.out, "Natal.wh1\nMajor.asp\nMain.ast\n");
-
+    EXPECT_EQ(std::tuple(r.status, r.out), std::tuple(kExitOk, "Natal.wh1\nMajor.asp\nMain.ast\n"));
     r = Tool("refs " + a + " " + dir / "missing.pag", true);
-    EXPECT_EQ(r.status, kExitFailure);
-    EXPECT_EQ(r.out, "");
+    EXPECT_EQ(std::tuple(r.status, r.out), std::tuple(kExitFailure, ""));
     EXPECT_EQ(messages.Last().substr(0, 11), "Open Error:");
     // A class the catalogue does not hold gives its generic file no extension.
-    std::string odd = SavedPage(dir, "odd.pag", {{"999", "", "", "Gen"}});
-    r = Tool("refs " + odd, true);
-    EXPECT_EQ(r.status, kExitOk);
-    EXPECT_EQ(r.out, "Gen\n");
+    r = Tool("refs " + SavedPage(dir, "odd.pag", {{"999", "", "", "Gen"}}), true);
+    EXPECT_EQ(std::tuple(r.status, r.out), std::tuple(kExitOk, "Gen\n"));
 }
 
-TEST(ToolPages, XmlWritesBesideThePageOrToOut) {
-    test::TempDir dir;
-    test::RecordingMessages messages;
-    std::string page = SavedPage(dir, "Natal.pag", {{"1", "Natal", "", ""}});
-    ToolRun r = Tool("xml " + page, true);
-    ASSERT_EQ(r.status, kExitOk) << r.err;
-    EXPECT_EQ(r.out, dir / "Natal.xml\n");
+TEST_F(ToolPages, XmlWritesBesideThePageOrToOut) {
+    ToolRun r = Tool("xml " + natal, true);
+    EXPECT_EQ(std::tuple(r.status, r.out), std::tuple(kExitOk, dir / "Natal.xml\n"));
     std::string xml = test::ReadAll(dir / "Natal.xml");
     EXPECT_NE(xml.find("\r\n      <ObjectName>Single Chart Wheel</ObjectName>\r\n"),
               std::string::npos);
-    r = Tool("xml " + page + " -o " + dir / "out.txt", true);
-    EXPECT_EQ(r.out, dir / "out.txt\n");
+    EXPECT_EQ(Tool("xml " + natal + " -o " + dir / "out.txt", true).out, dir / "out.txt\n");
     EXPECT_EQ(test::ReadAll(dir / "out.txt"), xml);
-    EXPECT_EQ(Tool("xml " + page + " -o " + dir / "no/such/out.xml", true).status, kExitFailure);
+    EXPECT_EQ(Tool("xml " + natal + " -o " + dir / "no/such/out.xml", true).status, kExitFailure);
     EXPECT_EQ(messages.Last().substr(0, 17), "File Write Error:");
     // Written as pages are saved: a file that cannot be replaced keeps every byte.
-    std::filesystem::permissions(dir / "out.txt", std::filesystem::perms::owner_read);
-    EXPECT_EQ(Tool("xml " + page + " -o " + dir / "out.txt", true).status, kExitFailure);
+    fs::permissions(dir / "out.txt", fs::perms::owner_read);
+    EXPECT_EQ(Tool("xml " + natal + " -o " + dir / "out.txt", true).status, kExitFailure);
     EXPECT_EQ(test::ReadAll(dir / "out.txt"), xml);
 }
 
-TEST(ToolOutput, StandardOutputThatCannotBeWrittenIsAFailure) {
-    test::TempDir dir;
-    std::string page = SavedPage(dir, "Natal.pag", {{"1", "Natal", "", ""}});
+TEST_F(ToolPages, StandardOutputThatCannotBeWrittenIsAFailure) {
     for (const std::string& line :
-         std::vector<std::string>{"--version", "classes", "dump " + page}) {
-        std::vector<std::string> args = {"--data", std::string(PAGINOX_SAMPLE_DIR) + "/System"};
-        std::istringstream words(line);
-        for (std::string w; words >> w;) args.push_back(w);
+         {std::string("--version"), std::string("classes"), "dump " + natal}) {
         std::ofstream full("/dev/full");
-        std::ostringstream err;
-        EXPECT_EQ(RunTool(args, full, err), kExitFailure) << line;
-        EXPECT_EQ(err.str(),
+        ToolRun r = Tool(line, true, &full);
+        EXPECT_EQ(r.status, kExitFailure) << line;
+        EXPECT_EQ(r.err,
                   "paginox-tool: cannot write to standard output: No space left on device\n");
     }
 }
 
-TEST(ToolPages, ConvertSavesAnyVersionAsFour) {
-    test::TempDir dir;
-    test::RecordingMessages messages;
+TEST_F(ToolPages, ConvertSavesAnyVersionAsFour) {
     // A version-2 page with one format of no objects, and one stray byte at the end.
     std::string header(349, ' '), format(34, '\0');
     header[0] = 2, header[1] = 0, header[107] = 1, header[108] = 0;
@@ -142,31 +126,18 @@ TEST(ToolPages, ConvertSavesAnyVersionAsFour) {
 
     std::string bad = dir.Write("bad.pag", header.substr(0, 100));
     EXPECT_EQ(Tool("convert " + bad + " " + dir / "none.pag").status, kExitFailure);
-    EXPECT_FALSE(std::filesystem::exists(dir / "none.pag"));
+    EXPECT_FALSE(fs::exists(dir / "none.pag"));
     EXPECT_EQ(messages.Last().substr(0, 11), "Open Error:");
 }
 
-TEST(ToolPages, DumpGivesThePageAsJson) {
-    test::TempDir dir;
+// Texts in UTF-8, singles as their shortest decimal, Booleans as true and false.
+TEST_F(ToolPages, DumpGivesThePageAsJson) {
     std::string page = dir.Write("a.pag", test::GoldenBytes("pages/sample_v4.hex"));
     ToolRun r = Tool("dump " + page);
     ASSERT_EQ(r.status, kExitOk) << r.err;
-    // Texts in UTF-8, singles as their shortest decimal, Booleans as true and false.
     EXPECT_EQ(r.out, test::ReadAll(test::GoldenPath("tool/dump_sample_v4.json")));
-
-    // Singles as their shortest decimal at every magnitude, not every integer digit.
-    std::string big = test::GoldenBytes("pages/sample_v4.hex");
-    const float values[] = {131984208.0f, -2792131072.0f, -579141566464.0f};
-    std::memcpy(big.data() + 349 + 34 + 168, values, sizeof values);  // Modulus, Orb, FontSize
-    r = Tool("dump " + dir.Write("big.pag", big));
-    for (const char* line : {"\"Modulus\": 1.3198421e+08,\n", "\"Orb\": -2.792131e+09,\n",
-                             "\"FontSize\": -5.7914157e+11,\n"}) {
-        EXPECT_NE(r.out.find(line), std::string::npos) << line;
-    }
-
     // Read with format 2 alone, format 1 keeps its count and empty slots.
     r = Tool("dump " + page + " --format 2");
-    ASSERT_EQ(r.status, kExitOk);
     QJsonObject first =
         QJsonDocument::fromJson(QByteArray::fromStdString(r.out))["Formats"][0].toObject();
     EXPECT_EQ(first["NumObjects"].toInt(), 2);
@@ -179,8 +150,7 @@ TEST(ToolClasses, PrintsEveryClassOfTheSampleCatalogueWithExactKeysAndShortSingl
     EXPECT_EQ(r.err, "");
     QJsonArray all = QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).array();
     ASSERT_GE(all.size(), 24);
-    QStringList keys = all[0].toObject().keys();
-    EXPECT_EQ(keys.join(" "),
+    EXPECT_EQ(all[0].toObject().keys().join(" "),
               "Abbreviation ClassID DefaultFixedLines DefaultFrameType DefaultHorizontalBlocks "
               "DefaultTextLines DefaultYRatio Description FullName Group NumCharts OCUFlags "
               "ObjectType Order Shape");

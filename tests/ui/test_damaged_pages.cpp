@@ -3,38 +3,16 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QStatusBar>
-#include <cmath>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
 
 #include "core/RuntimeError.h"
 #include "editor/RecoveryStore.h"
 #include "persist/FileIO_Page.h"
-#include "support/TempDir.h"
+#include "support/DamagedPage.h"
 #include "ui/PageFormFixture.h"
 
 namespace paginox {
 namespace {
-
-// The sample page with its first format's first object of class 999, its second at a NaN
-// Origin, and its second format 0 pixels wide.
-std::string DamagedCopy(const std::string& page, const std::string& to) {
-    std::string bytes = test::ReadAll(page);
-    auto put = [&](size_t at, const void* v, size_t n) { std::memcpy(bytes.data() + at, v, n); };
-    const size_t format1 = 349;
-    int16_t count1 = 0;
-    std::memcpy(&count1, bytes.data() + format1, 2);
-    const size_t object1 = format1 + 34;
-    const int16_t unknown = 999;
-    const float nan = std::nanf("");
-    const int16_t zero = 0;
-    put(object1, &unknown, 2);
-    put(object1 + 1605 + 12, &nan, 4);
-    put(format1 + 34 + size_t(count1) * 1605 + 26, &zero, 2);
-    std::ofstream(to, std::ios::binary) << bytes;
-    return to;
-}
 
 QString Note(test::PageFormFixture& fx) {
     auto* note = fx.form->findChild<QLabel*>("lblDrawNote");
@@ -43,7 +21,7 @@ QString Note(test::PageFormFixture& fx) {
 
 TEST(DamagedPages, OpenListAndRepairInsteadOfEndingTheProgram) {
     test::PageFormFixture fx;
-    std::string damaged = DamagedCopy(fx.page, fx.folders.Dir() / "damaged.pag");
+    std::string damaged = fx.folders.Dir().Write("damaged.pag", test::DamagedPage(fx.page));
     fx.dialogs.Answers.push_back(damaged);
     fx.Trigger("mnuFileOpen");
     ASSERT_EQ(fx.state.CurrentFile, damaged);
