@@ -194,8 +194,8 @@ void PageBrowser::BuildControls() {
     splitter->addWidget(right);
     splitter->setStretchFactor(0, 0);
     splitter->setStretchFactor(1, 1);
-    left->setMinimumWidth(180);
-    splitter->setSizes({200, 800});
+    left->setMinimumWidth(260);
+    splitter->setSizes({260, 740});
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(splitter);
 
