@@ -10,20 +10,16 @@
 using namespace paginox;
 
 namespace {
-// Rows of "bits<TAB>value<TAB>result" after a header line; empty when the file is absent.
-std::vector<std::vector<std::string>> ReadOracle(const std::string& name) {
+// Rows of "bits<TAB>value<TAB>result" after a header line as (bits, result); none when the
+// file is absent.
+std::vector<std::pair<uint32_t, std::string>> ReadOracle(const std::string& name) {
     std::ifstream in(std::string(PAGINOX_ORACLE_DIR) + "/" + name);
-    std::vector<std::vector<std::string>> rows;
-    std::string line;
+    std::vector<std::pair<uint32_t, std::string>> rows;
+    std::string line, bits, value, result;
     std::getline(in, line);
-    while (std::getline(in, line)) {
-        std::vector<std::string> cols;
-        std::stringstream ss(line);
-        std::string col;
-        while (std::getline(ss, col, '\t')) cols.push_back(col);
-        if (cols.size() == 2) cols.push_back("");
-        rows.push_back(cols);
-    }
+    while (std::getline(in, bits, '\t') && std::getline(in, value, '\t') &&
+           std::getline(in, result))
+        rows.push_back({uint32_t(std::stoul(bits, nullptr, 16)), result});
     return rows;
 }
 }  // namespace
@@ -48,19 +44,15 @@ TEST(NumberFormat, HashDotHashFollowsTheClassicRules) {
 TEST(NumberFormat, HashDotHashMatchesEveryGoldenVector) {
     auto rows = ReadOracle("format_hashdothash.tsv");
     if (rows.empty()) GTEST_SKIP() << "golden vectors not present";
-    for (const auto& r : rows) {
-        float v = std::bit_cast<float>(uint32_t(std::stoul(r[0], nullptr, 16)));
-        EXPECT_EQ(FormatHashDotHash(v), r[2]) << "bits " << r[0];
+    for (const auto& [bits, text] : rows) {
+        EXPECT_EQ(FormatHashDotHash(std::bit_cast<float>(bits)), text) << "bits " << bits;
     }
 }
 
 TEST(NumberFormat, ZeroMatchesEveryGoldenVector) {
     auto rows = ReadOracle("format_zero.tsv");
     if (rows.empty()) GTEST_SKIP() << "golden vectors not present";
-    for (const auto& r : rows) {
-        int16_t v = int16_t(std::stoul(r[0], nullptr, 16));
-        EXPECT_EQ(FormatZero(v), r[2]) << "bits " << r[0];
-    }
+    for (const auto& [bits, text] : rows) EXPECT_EQ(FormatZero(int16_t(bits)), text) << bits;
 }
 
 TEST(NumberFormat, ShortestDecimalReadsBackAsTheSameSingle) {

@@ -7,37 +7,35 @@ using namespace paginox;
 
 namespace {
 
-TEST(CommandLine, SwitchesAreCutOutAndTheRestIsTheFileName) {
-    CommandLine c = ParseCommandLine("\"/home/me/My Pages/a.pag\" /debug /PageSizeIndex=3", '/');
-    EXPECT_EQ(c.FileName, "/home/me/My Pages/a.pag");
-    EXPECT_TRUE(c.DebugMode);
-    EXPECT_EQ(c.StartPageSizeIndex, 3);
-
-    // Switches anywhere, unknown ones dropped, letter case ignored for both.
-    c = ParseCommandLine("/pagesizeindex=12x /Other C:\\Pages\\b.pag /DEBUG", '\\');
-    EXPECT_EQ(c.FileName, "C:\\Pages\\b.pag");
-    EXPECT_TRUE(c.DebugMode);
-    EXPECT_EQ(c.StartPageSizeIndex, 12);
-
-    // An absolute path is not a switch where "/" separates folders.
-    c = ParseCommandLine("/tmp/x.pag", '/');
-    EXPECT_EQ(c.FileName, "/tmp/x.pag");
-    EXPECT_FALSE(c.DebugMode);
-    EXPECT_EQ(ParseCommandLine("/tmp/x.pag", '\\').FileName, "");
-
-    // No number, or one beyond 16 bits, leaves the index at 0.
-    EXPECT_EQ(ParseCommandLine("/PageSizeIndex=abc", '/').StartPageSizeIndex, 0);
-    EXPECT_EQ(ParseCommandLine("/PageSizeIndex=40000", '/').StartPageSizeIndex, 0);
-    EXPECT_EQ(ParseCommandLine("", '/').FileName, "");
+// What the command line gives, as "'file name' debug index".
+std::string Parsed(const std::string& line, char sep = '/') {
+    CommandLine c = ParseCommandLine(line, sep);
+    return "'" + c.FileName + "' " + std::to_string(c.DebugMode) + " " +
+           std::to_string(c.StartPageSizeIndex);
 }
 
-TEST(CommandLine, QuotesAroundTheFileName) {
-    EXPECT_EQ(ParseCommandLine("  \"a b.pag\"  ", '/').FileName, "a b.pag");
-    EXPECT_EQ(ParseCommandLine("\"a b.pag", '/').FileName, "a b.pag");  // no closing quote
-    EXPECT_EQ(ParseCommandLine("\"\"", '/').FileName, "\"");  // too short for the closing one
+TEST(CommandLine, SwitchesAreCutOutAndTheRestIsTheFileName) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"\"/home/me/My Pages/a.pag\" /debug /PageSizeIndex=3", "'/home/me/My Pages/a.pag' 1 3"},
+        // An absolute path is not a switch where "/" separates folders.
+        {"/tmp/x.pag", "'/tmp/x.pag' 0 0"},
+        // No number, or one beyond 16 bits, leaves the index at 0.
+        {"/PageSizeIndex=abc", "'' 0 0"},
+        {"/PageSizeIndex=40000", "'' 0 0"},
+        {"", "'' 0 0"},
+        // Quotes around the file name: the closing one may be missing; "" is too short for it.
+        {"  \"a b.pag\"  ", "'a b.pag' 0 0"},
+        {"\"a b.pag", "'a b.pag' 0 0"},
+        {"\"\"", "'\"' 0 0"},
+    };
+    for (auto [line, parsed] : cases) EXPECT_EQ(Parsed(line), parsed) << line;
+    // Switches anywhere, unknown ones dropped, letter case ignored for both.
+    EXPECT_EQ(Parsed("/pagesizeindex=12x /Other C:\\Pages\\b.pag /DEBUG", '\\'),
+              "'C:\\Pages\\b.pag' 1 12");
+    EXPECT_EQ(Parsed("/tmp/x.pag", '\\'), "'' 0 0");
     EXPECT_EQ(JoinArguments({"My Pages/a.pag", "/Debug"}), "\"My Pages/a.pag\" /Debug");
-    EXPECT_EQ(ParseCommandLine(JoinArguments({"/tmp/My Pages/a.pag", "/Debug"}), '/').FileName,
-              "/tmp/My Pages/a.pag");
+    EXPECT_EQ(Parsed(JoinArguments({"/tmp/My Pages/a.pag", "/Debug"})),
+              "'/tmp/My Pages/a.pag' 1 0");
 }
 
 TEST(ShortPath, LongPathsKeepTheirStartAndFileName) {

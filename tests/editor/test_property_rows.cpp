@@ -2,8 +2,8 @@
 
 #include <sstream>
 
-#include "editor/AngleParser.h"
 #include "editor/EditorFixture.h"
+#include "editor/Properties.h"
 #include "editor/PropertyRows.h"
 #include "support/Golden.h"
 
@@ -28,10 +28,25 @@ std::string RowsText(const EditorState& state) {
     return s.str();
 }
 
-const PropertyRow& Row(const std::vector<PropertyRow>& rows, const std::string& label) {
-    auto it = std::find_if(rows.begin(), rows.end(), [&](auto& r) { return r.Label == label; });
-    EXPECT_NE(it, rows.end()) << label;
-    return *it;
+// The lines of that section of editor/row_inputs.txt, "label: input -> outcome", each with the
+// outcome the row now gives: the value as the list shows it, or the message's title and text.
+std::vector<std::string> Outcomes(const EditorState& state, const std::string& section) {
+    std::vector<std::string> lines;
+    auto rows = BuildPropertyRows(state);
+    for (const std::string& line : test::GoldenLines("editor/row_inputs.txt", section)) {
+        size_t colon = line.find(": "), arrow = line.find(" -> ");
+        auto row = std::find_if(rows.begin(), rows.end(),
+                                [&](auto& r) { return r.Label == line.substr(0, colon); });
+        if (row == rows.end()) {
+            lines.push_back(line + " (no such row)");
+            continue;
+        }
+        RowInput in = ParseRowInput(*row, line.substr(colon + 2, arrow - colon - 2));
+        std::string out = in.Value ? PropertyText(*in.Value) : in.Title + ": " + in.Message;
+        for (size_t at; (at = out.find("\r\n")) != std::string::npos;) out.replace(at, 2, "\\r\\n");
+        lines.push_back(line.substr(0, arrow) + " -> " + out);
+    }
+    return lines;
 }
 
 TEST(PropertyRows, WhatThePageAndEachClassOfferAndShow) {
@@ -54,37 +69,11 @@ TEST(PropertyRows, WhatThePageAndEachClassOfferAndShow) {
 
 TEST(PropertyRows, ValuesAreCheckedBeforeAnythingIsStored) {
     test::EditorFixture fx;
-    fx.state.SelectedObject = 1;
-    auto rows = BuildPropertyRows(fx.state);
-    auto parse = [&](const std::string& label, const std::string& text) {
-        return ParseRowInput(Row(rows, label), text);
-    };
-    EXPECT_TRUE(parse("Anchor X", "1").Value);
-    auto bad = parse("Anchor X", "1.01");
-    EXPECT_FALSE(bad.Value);
-    EXPECT_EQ(bad.Title + ": " + bad.Message,
-              "Invalid Value: Anchor X must be a number in the range 0 to 1.");
-    for (auto [label, text] : {std::pair{"Anchor X", "0.5cm"},
-                               {"Data Lines", "2.5"},
-                               {"Data Blocks", "11"},
-                               {"Max Orb", "31"}}) {
-        EXPECT_FALSE(parse(label, text).Value) << label << " " << text;
-    }
-    // Blocks cannot outnumber the object's lines (10).
-    EXPECT_TRUE(parse("Data Blocks", "10").Value);
-    EXPECT_EQ(*parse("Reverse", "false").Value, PropertyValue(false));
-    EXPECT_EQ(*parse("Justification", "2 = Centred").Value, PropertyValue(int16_t(2)));
-    EXPECT_DOUBLE_EQ(std::get<double>(*parse("Modulus", "16Ar25").Value), 16 + 25 / 60.0);
-    auto notAngle = parse("Modulus", "ninety");
-    EXPECT_EQ(notAngle.Title, kAngleErrorTitle);
-    EXPECT_EQ(notAngle.Message, AngleErrorText());
-
+    fx.state.SelectedObject = 1;  // a point list of 10 lines
+    EXPECT_EQ(Outcomes(fx.state, "point list"),
+              test::GoldenLines("editor/row_inputs.txt", "point list"));
     fx.state.SelectedObject = 0;
-    rows = BuildPropertyRows(fx.state);
-    EXPECT_FALSE(parse("MarginTop", "0.41").Value);
-    EXPECT_FALSE(parse("List Abbrev", "ABCDEF").Value);
-    EXPECT_TRUE(parse("List Abbrev", "ABCDE").Value);
-
+    EXPECT_EQ(Outcomes(fx.state, "page"), test::GoldenLines("editor/row_inputs.txt", "page"));
     EXPECT_EQ(PickedFileValue(FilePicker::Wheel, "/data/Wheels/Round.wh"), "Round");
     EXPECT_EQ(PickedFileValue(FilePicker::Graphic, "/data/Pictures/Logo.bmp"),
               "/data/Pictures/Logo.bmp");
