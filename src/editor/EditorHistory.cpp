@@ -18,6 +18,13 @@ void EditorHistory::RecordStructural(const EditorSnapshot& before) {
     redo_.clear();
 }
 
+bool EditorHistory::Structural(const std::function<bool()>& change) {
+    EditorSnapshot before(state_);
+    if (!change()) return false;
+    RecordStructural(before);
+    return true;
+}
+
 bool EditorHistory::CanUndo() {
     Sync();
     return !undo_.empty();

@@ -7,6 +7,7 @@
 // UndoManager's own redo stack is left as it keeps it, but never reached past that point.
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -25,6 +26,8 @@ class EditorHistory {
     // Records a change of the page's structure that the state has just gone through; before
     // was taken before it.
     void RecordStructural(const EditorSnapshot& before);
+    // Runs change, which alters the page's structure, as one step; true when it changed.
+    bool Structural(const std::function<bool()>& change);
 
     bool CanUndo();
     bool CanRedo();

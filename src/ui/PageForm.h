@@ -111,8 +111,6 @@ class PageForm : public QMainWindow, private DocumentHost {
     void PositionObject();
     void EditColumns();
     void UndoOrRedo(bool redo);
-    // Runs a change of the page's structure as one undoable step; true when it changed.
-    bool Structural(const std::function<bool()>& change);
     void HelpContents();
     void ShowPageSummary();
 

@@ -14,7 +14,6 @@
 #include "core/AnsiText.h"
 #include "core/MessageService.h"
 #include "core/RuntimeError.h"
-#include "editor/CommandGuard.h"
 #include "editor/EditStep.h"
 #include "editor/EditorState.h"
 #include "editor/FileRoutines.h"
@@ -138,26 +137,20 @@ void PageForm::DeletePageSize() {
                         "Confirm Deletion", MsgButtons::OkCancel, MsgIcon::None) != MsgAnswer::Ok) {
         return;
     }
-    EditorSnapshot before(state_);
-    state_.Page->DeleteFormat(state_.CurrentFormatIndex);
-    {
-        QSignalBlocker block(sizes_);
-        delete sizes_->takeItem(state_.CurrentFormatIndex - 1);
-    }
-    // -1 makes the row handler load format 1 even when it was the one shown before.
-    state_.CurrentFormatIndex = -1;
-    sizes_->setCurrentRow(-1);
-    sizes_->setCurrentRow(0);
-    state_.PageChanged = true;
-    history_.RecordStructural(before);
+    history_.Structural([this] {
+        state_.Page->DeleteFormat(state_.CurrentFormatIndex);
+        {
+            QSignalBlocker block(sizes_);
+            delete sizes_->takeItem(state_.CurrentFormatIndex - 1);
+        }
+        // -1 makes the row handler load format 1 even when it was the one shown before.
+        state_.CurrentFormatIndex = -1;
+        sizes_->setCurrentRow(-1);
+        sizes_->setCurrentRow(0);
+        state_.PageChanged = true;
+        return true;
+    });
     UpdateMenuState();
-}
-
-bool PageForm::Structural(const std::function<bool()>& change) {
-    EditorSnapshot before(state_);
-    if (!change()) return false;
-    history_.RecordStructural(before);
-    return true;
 }
 
 void PageForm::AddPageSize() {
@@ -165,14 +158,16 @@ void PageForm::AddPageSize() {
     SetupDialog dialog(*state_.CurrentFormat, static_cast<int16_t>(ScreenLogPixels()),
                        dialogs_.Printer(), this);
     if (dialog.exec() != QDialog::Accepted || !dialog.Entered()) return;
-    EditorSnapshot before(state_);
-    AddedSize added = paginox::AddPageSize(state_, dialog.Setup().Working(), *dialog.Entered());
+    AddedSize added;
+    history_.Structural([&] {
+        added = paginox::AddPageSize(state_, dialog.Setup().Working(), *dialog.Entered());
+        return added.Added;
+    });
     if (!added.Added) {
         // The page has that size already: it is shown instead.
         sizes_->setCurrentRow(added.Index - 1);
         return;
     }
-    history_.RecordStructural(before);
     FillSizeList();
     {
         QSignalBlocker block(sizes_);
@@ -182,7 +177,7 @@ void PageForm::AddPageSize() {
 }
 
 void PageForm::AddObject() {
-    if (Structural([this] {
+    if (history_.Structural([this] {
             InsertDialog dialog(state_, ObjectClasses(), this);
             return dialog.exec() == QDialog::Accepted;
         })) {
@@ -191,18 +186,18 @@ void PageForm::AddObject() {
 }
 
 void PageForm::CopyObject() {
-    if (Structural([this] { return CopySelectedObject(state_); })) RefreshUI(true);
+    if (history_.Structural([this] { return CopySelectedObject(state_); })) RefreshUI(true);
 }
 
 void PageForm::DeleteSelectedObject() {
     int16_t index = static_cast<int16_t>(properties_->ObjectSelector()->currentIndex());
-    if (!Structural([&] { return DeleteObject(state_, index, false); })) return;
+    if (!history_.Structural([&] { return DeleteObject(state_, index, false); })) return;
     RefreshUI(true);
     properties_->EditColumnsButton()->setEnabled(false);
 }
 
 void PageForm::MoveToFront(bool front) {
-    if (Structural(
+    if (history_.Structural(
             [&] { return front ? MoveSelectedToFront(state_) : MoveSelectedToBack(state_); })) {
         RefreshUI(true);
     }

@@ -22,12 +22,6 @@ struct HistoryTest : ::testing::Test {
         EditStep step(fx.state, properties);
         step.Set(kPropOrigin, x, 0, 0, 1);
     }
-    bool Structural(const std::function<bool()>& change) {
-        EditorSnapshot before(fx.state);
-        if (!change()) return false;
-        history.RecordStructural(before);
-        return true;
-    }
     int16_t Count() { return fx.state.CurrentFormat->NumObjects(); }
     float X(int16_t k) { return fx.Object(k).Origin(1); }
 };
@@ -35,10 +29,10 @@ struct HistoryTest : ::testing::Test {
 TEST_F(HistoryTest, PropertyAndStructuralStepsUndoAndRedoInOneOrder) {
     fx.state.SelectedObject = 3;
     MoveSelected(0.1f);
-    ASSERT_TRUE(Structural([&] { return DeleteObject(fx.state, 1, false); }));
+    ASSERT_TRUE(history.Structural([&] { return DeleteObject(fx.state, 1, false); }));
     fx.state.SelectedObject = 2;  // the former third object
     MoveSelected(0.2f);
-    ASSERT_TRUE(Structural([&] { return CopySelectedObject(fx.state); }));
+    ASSERT_TRUE(history.Structural([&] { return CopySelectedObject(fx.state); }));
     EXPECT_EQ(Count(), 3);
 
     ASSERT_TRUE(history.Undo());  // the copy
