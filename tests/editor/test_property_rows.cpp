@@ -30,7 +30,8 @@ std::string RowsText(const EditorState& state) {
 
 // The lines of that section of editor/row_inputs.txt, "label: input -> outcome", each with the
 // outcome the row now gives: the value as the list shows it, or the message's title and text.
-std::vector<std::string> Outcomes(const EditorState& state, const std::string& section) {
+std::vector<std::string> Outcomes(const EditorState& state, const std::string& section,
+                                  char separator = '.') {
     std::vector<std::string> lines;
     auto rows = BuildPropertyRows(state);
     for (const std::string& line : test::GoldenLines("editor/row_inputs.txt", section)) {
@@ -41,7 +42,7 @@ std::vector<std::string> Outcomes(const EditorState& state, const std::string& s
             lines.push_back(line + " (no such row)");
             continue;
         }
-        RowInput in = ParseRowInput(*row, line.substr(colon + 2, arrow - colon - 2));
+        RowInput in = ParseRowInput(*row, line.substr(colon + 2, arrow - colon - 2), separator);
         std::string out = in.Value ? PropertyText(*in.Value) : in.Title + ": " + in.Message;
         for (size_t at; (at = out.find("\r\n")) != std::string::npos;) out.replace(at, 2, "\\r\\n");
         lines.push_back(line.substr(0, arrow) + " -> " + out);
@@ -72,6 +73,8 @@ TEST(PropertyRows, ValuesAreCheckedBeforeAnythingIsStored) {
     fx.state.SelectedObject = 1;  // a point list of 10 lines
     EXPECT_EQ(Outcomes(fx.state, "point list"),
               test::GoldenLines("editor/row_inputs.txt", "point list"));
+    EXPECT_EQ(Outcomes(fx.state, "point list, comma separator", ','),
+              test::GoldenLines("editor/row_inputs.txt", "point list, comma separator"));
     fx.state.SelectedObject = 0;
     EXPECT_EQ(Outcomes(fx.state, "page"), test::GoldenLines("editor/row_inputs.txt", "page"));
     EXPECT_EQ(PickedFileValue(FilePicker::Wheel, "/data/Wheels/Round.wh"), "Round");

@@ -1,16 +1,26 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
 #include <QStatusBar>
 #include <QTableWidget>
+#include <filesystem>
 
 #include "editor/Manipulation.h"
+#include "editor/RecoveryStore.h"
+#include "support/DamagedPage.h"
 #include "ui/PageFormFixture.h"
 #include "ui/PreviewWidget.h"
 
 using namespace paginox;
 
 namespace {
+
+QString Note(test::PageFormFixture& fx) {
+    auto* note = fx.form->findChild<QLabel*>("lblDrawNote");
+    return note && note->isVisible() ? note->text() : QString();
+}
 
 // The mark of the selected object under which a drag would resize it, or none.
 std::optional<QPoint> FirstMark(test::PageFormFixture& fx) {
@@ -50,19 +60,6 @@ TEST(Editing, CopyDeleteAndReorderAreEachOneUndoableStep) {
     EXPECT_EQ(fx.state.CurrentFormat->NumObjects(), count + 1);
 }
 
-TEST(Editing, DragsStopAtThePageEdge) {
-    test::PageFormFixture fx;
-    int16_t k = fx.FirstOfShape(kShapeBox);
-    fx.Click(k);
-    QPoint from = fx.Inside(k);
-    fx.Drag(from, from + QPoint(-2000, -2000));
-    EXPECT_EQ(fx.Object(k).Origin(1), 0.0f);
-    EXPECT_EQ(fx.Object(k).Origin(2), 0.0f);
-    fx.Drag(fx.Inside(k), fx.Inside(k) + QPoint(4000, 4000));
-    EXPECT_FLOAT_EQ(fx.Object(k).Origin(1) + fx.Object(k).Length(1), 1.0f);
-    EXPECT_FLOAT_EQ(fx.Object(k).Origin(2) + fx.Object(k).Length(2), 1.0f);
-}
-
 TEST(Editing, AChoiceOpensInOneClickAndTranslatingSaysWhere) {
     test::PageFormFixture fx;
     fx.Click(1);
@@ -84,6 +81,44 @@ TEST(Editing, AChoiceOpensInOneClickAndTranslatingSaysWhere) {
     fx.Trigger("mnuTransXML");
     EXPECT_EQ(fx.form->statusBar()->currentMessage(),
               "Translated to " + QString::fromStdString(fx.folders.Dir() / "Birth Chart.xml"));
+}
+
+TEST(DamagedPages, OpenListAndRepairInsteadOfEndingTheProgram) {
+    test::PageFormFixture fx;
+    std::string damaged = fx.folders.Dir().Write("damaged.pag", test::DamagedPage(fx.page));
+    fx.dialogs.Answers.push_back(damaged);
+    fx.Trigger("mnuFileOpen");
+    ASSERT_EQ(fx.state.CurrentFile, damaged);
+    fx.form->SizeList()->setCurrentRow(0);
+    test::SettleEvents();
+    EXPECT_TRUE(fx.messages.shown.empty());
+    EXPECT_EQ(Note(fx),
+              "1 object cannot be placed: correct Anchor and Size. 1 object of an unknown class "
+              "shown as plain boxes.");
+    // The unknown object is drawn and can be grabbed; the unplaced one cannot.
+    EXPECT_EQ(fx.Class(1).FullName(), "Unknown class 999");
+    QTest::mouseClick(fx.Preview(), Qt::LeftButton, {}, fx.Inside(1));
+    EXPECT_EQ(fx.state.SelectedObject, 1);
+    EXPECT_FALSE(fx.state.Rects.IsPlaced(2));
+
+    // A format that cannot be drawn shows its page empty and says so.
+    fx.form->SizeList()->setCurrentRow(1);
+    test::SettleEvents();
+    EXPECT_EQ(fx.state.CurrentFormatIndex, 2);
+    EXPECT_EQ(Note(fx).toStdString(), "This page size cannot be drawn (it is 0 x 749 pixels).");
+    EXPECT_TRUE(fx.messages.shown.empty());
+}
+
+TEST(DamagedPages, AnEscapedErrorKeepsARecoveryCopyAndSaysWhere) {
+    test::PageFormFixture fx;
+    RecoveryStore store(fx.folders.Dir() / "Recovery/");
+    fx.form->SetRecovery(&store);
+    fx.form->OnUnexpectedError("Overflow");
+    ASSERT_TRUE(std::filesystem::exists(store.CopyPath()));
+    EXPECT_EQ(fx.messages.shown.back().text,
+              "An unexpected error occurred: Overflow\r\n\r\nYour page has been kept in " +
+                  store.CopyPath());
+    store.Discard();
 }
 
 }  // namespace
