@@ -45,33 +45,6 @@ void WritePage(JsonWriter& json, const PageCatalog& catalog, const std::string& 
     json.EndObject();
 }
 
-struct ImageSize {
-    int32_t width = 160;
-    int32_t height = 120;
-};
-
-ImageSize ParseThumbnailArgs(const std::vector<std::string>& args) {
-    const std::string usage = "thumbnails takes [--size WxH] (default 160x120)";
-    ImageSize size;
-    if (args.empty()) return size;
-    if (args.size() != 2 || args[0] != "--size") throw UsageError{usage};
-    size_t x = args[1].find('x');
-    try {
-        if (x == std::string::npos) throw UsageError{usage};
-        size_t used = 0;
-        size.width = std::stoi(args[1].substr(0, x), &used);
-        if (used != x) throw UsageError{usage};
-        size.height = std::stoi(args[1].substr(x + 1), &used);
-        if (used != args[1].size() - x - 1) throw UsageError{usage};
-    } catch (const std::exception&) {
-        throw UsageError{usage};
-    }
-    if (size.width < 1 || size.height < 1 || size.width > 4096 || size.height > 4096) {
-        throw UsageError{"--size takes sides from 1 to 4096"};
-    }
-    return size;
-}
-
 }  // namespace
 
 int CommandLibrary(const ToolOptions& options, std::ostream& out) {
@@ -93,7 +66,13 @@ int CommandLibrary(const ToolOptions& options, std::ostream& out) {
 }
 
 int CommandThumbnails(const ToolOptions& options, std::ostream& out) {
-    ImageSize size = ParseThumbnailArgs(options.args);
+    const std::string usage = "thumbnails takes [--size WxH] (default 160x120)";
+    if (!options.args.empty() && (options.args.size() != 2 || options.args[0] != "--size")) {
+        throw UsageError{usage};
+    }
+    auto [width, height] = options.args.empty()
+                               ? std::pair(160, 120)
+                               : ImageSizeArgument(options.args[1], "--size", 4096);
     LoadToolDefinitions(options);
     PageCatalog catalog = LoadToolCatalog();
     EnsureGuiApplication();
@@ -111,11 +90,11 @@ int CommandThumbnails(const ToolOptions& options, std::ostream& out) {
     int made = 0, fresh = 0, failed = 0;
     for (size_t i = 0; i < pages.size(); ++i) {
         const std::string& path = pages[i];
-        if (cache.Contains(path, size.width, size.height)) {
+        if (cache.Contains(path, width, height)) {
             ++fresh;
             continue;
         }
-        bool ok = cache.CreateCache(path, size.width, size.height);
+        bool ok = cache.CreateCache(path, width, height);
         ++(ok ? made : failed);
         ShowMessage("[" + std::to_string(i + 1) + "/" + std::to_string(pages.size()) + "] " +
                         Utf8ToCp1252(path) + (ok ? "" : " could not be drawn"),

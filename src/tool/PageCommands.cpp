@@ -37,6 +37,18 @@ int WholeNumber(std::string_view text, const std::string& what) {
     return v;
 }
 
+std::pair<int, int> ImageSizeArgument(std::string_view text, const std::string& what, int maxSide) {
+    size_t x = text.find_first_of("xX");
+    if (x == std::string_view::npos)
+        throw UsageError{what + " takes WxH, not " + std::string(text)};
+    std::pair<int, int> size{WholeNumber(text.substr(0, x), what),
+                             WholeNumber(text.substr(x + 1), what)};
+    if (size.first < 1 || size.second < 1 || size.first > maxSide || size.second > maxSide) {
+        throw UsageError{what + " takes sides from 1 to " + std::to_string(maxSide)};
+    }
+    return size;
+}
+
 std::shared_ptr<PageClass> ReadToolPage(const std::string& path, int16_t formatIndex) {
     if (!FileExists(path)) {
         // The reader is quiet about a missing file; the tool says why it stops.

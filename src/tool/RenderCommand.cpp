@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <ostream>
+#include <tuple>
 
 #include "core/AnsiText.h"
 #include "core/MessageService.h"
@@ -59,21 +60,16 @@ RenderRequest ParseRender(const std::vector<std::string>& args) {
             r.format = static_cast<int16_t>(k);
         } else if (a == "--size" && hasValue) {
             std::string size = args[++i];
-            size_t x = size.find_first_of("xX");
             // A single number is the longer side, which is how file managers ask for thumbnails.
             r.width = r.height = r.longerSide = 0;
-            bool inRange;
-            if (x == std::string::npos) {
-                r.longerSide = WholeNumber(size, "--size");
-                inRange = r.longerSide >= 1 && r.longerSide <= kMaxImageSide;
+            if (size.find_first_of("xX") != std::string::npos) {
+                std::tie(r.width, r.height) = ImageSizeArgument(size, "--size", kMaxImageSide);
             } else {
-                r.width = WholeNumber(std::string_view(size).substr(0, x), "--size");
-                r.height = WholeNumber(std::string_view(size).substr(x + 1), "--size");
-                inRange = r.width >= 1 && r.height >= 1 && r.width <= kMaxImageSide &&
-                          r.height <= kMaxImageSide;
-            }
-            if (!inRange) {
-                throw UsageError{"--size takes sides from 1 to " + std::to_string(kMaxImageSide)};
+                r.longerSide = WholeNumber(size, "--size");
+                if (r.longerSide < 1 || r.longerSide > kMaxImageSide) {
+                    throw UsageError{"--size takes sides from 1 to " +
+                                     std::to_string(kMaxImageSide)};
+                }
             }
         } else if (a == "--interactive") {
             r.interactive = true;

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace paginox {
@@ -31,6 +32,8 @@ void InitToolFolders();
 void EnsureGuiApplication();
 // A whole-number argument of option what; anything else is a usage error.
 int WholeNumber(std::string_view text, const std::string& what);
+// An image size "WxH" given to option what, each side from 1 to maxSide; else a usage error.
+std::pair<int, int> ImageSizeArgument(std::string_view text, const std::string& what, int maxSide);
 
 // Loads the object class catalogue and the definition lists, from --data or the folders.
 void LoadToolDefinitions(const ToolOptions& options);
