@@ -4,6 +4,7 @@
 #include <QString>
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 
 #include "core/AnsiText.h"
 #include "core/RuntimeError.h"
@@ -127,14 +128,16 @@ PageCatalog PageCatalog::Load(const std::string& folder) {
         }
         save = true;  // the first catalogue, so that the import happens once
     } else {
-        std::string text;
-        bool read = false;
-        try {
-            read = type == FileType::Regular && fs::file_size(file) <= kMaxCatalogBytes &&
-                   ((text = ReadWholeFile(file)), true);
-        } catch (const std::exception&) {
+        std::optional<std::string> text;
+        std::error_code sizeError;
+        if (type == FileType::Regular && fs::file_size(file, sizeError) <= kMaxCatalogBytes &&
+            !sizeError) {
+            try {
+                text = ReadWholeFile(file);
+            } catch (const RuntimeError&) {
+            }
         }
-        if (!read || !ParseCatalog(text, stored)) {
+        if (!text || !ParseCatalog(*text, stored)) {
             std::error_code ignored;
             fs::copy_file(file, folder + kBadCopyName, fs::copy_options::overwrite_existing,
                           ignored);
