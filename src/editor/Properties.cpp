@@ -89,12 +89,6 @@ bool AsBoolean(const PropertyValue& value) {
     return AsNumber(value) != 0;
 }
 
-std::string NumberText(double v) {
-    char buffer[64];
-    auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, v);
-    return ec == std::errc() ? std::string(buffer, end) : std::string();
-}
-
 PageFormat& FormatAt(const EditorState& state, int16_t index) {
     if (!state.Page) Raise(kObjectNotSet);
     std::shared_ptr<PageFormat> format = state.Page->GetFormat(index);
@@ -115,6 +109,12 @@ void FillDefaults(const EditorState& state, int32_t id, int16_t& formatIndex,
 }
 
 }  // namespace
+
+std::string NumberText(double v) {
+    char buffer[64];
+    auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, v);
+    return ec == std::errc() ? std::string(buffer, end) : std::string();
+}
 
 PropertyValue ConvertForProperty(int32_t id, const PropertyValue& value) {
     switch (KindOf(id)) {

@@ -73,6 +73,9 @@ void SetProperty(EditorState& state, int32_t id, const PropertyValue& newValue,
 // id); raises Overflow or Type mismatch.
 PropertyValue ConvertForProperty(int32_t id, const PropertyValue& value);
 
+// The shortest decimal that reads back as the same double.
+std::string NumberText(double v);
+
 // A value as text for the property list: "True"/"False", numbers in their shortest form.
 std::string PropertyText(const PropertyValue& value);
 

@@ -317,9 +317,7 @@ std::vector<PropertyRow> BuildPropertyRows(const EditorState& state) {
 std::string ShownNumber(double v, char separator) {
     double rounded = std::round(v * 1e4) / 1e4;
     if (rounded == 0) rounded = 0;  // no "-0"
-    char buffer[64];
-    auto [end, ec] = std::to_chars(buffer, buffer + sizeof buffer, rounded);
-    std::string text = ec == std::errc() ? std::string(buffer, end) : std::string();
+    std::string text = NumberText(rounded);
     std::replace(text.begin(), text.end(), '.', separator);
     return text;
 }
