@@ -242,16 +242,6 @@ TEST(PageForm, PopupMenuAndObjectMenu) {
     EXPECT_FLOAT_EQ(fx.Object(1).Origin(1) + fx.Object(1).Length(1), 1.0f);
     fx.Trigger("mnuUndo");
     EXPECT_LT(fx.Object(1).Origin(1) + fx.Object(1).Length(1), 0.99f);
-
-    // Deleting a size: only with two or more, after confirmation.
-    emit fx.Child<QMenu>("mnuPage")->aboutToShow();
-    EXPECT_TRUE(fx.Child("mnuPageDelSize")->isEnabled());
-    fx.messages.Script({MsgAnswer::Ok});
-    fx.Trigger("mnuPageDelSize");
-    EXPECT_EQ(fx.messages.shown.back().title, "Confirm Deletion");
-    EXPECT_EQ(std::tuple(fx.state.Page->NumFormats(), fx.state.CurrentFormatIndex,
-                         fx.form->SizeList()->count()),
-              std::tuple(3, 1, 3));
 }
 
 TEST(InsertDialog, DescriptionPreviewAndInsertByButtonOrDoubleClick) {
