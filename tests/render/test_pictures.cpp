@@ -120,8 +120,7 @@ TEST_F(PictureTest, PicturePixelsAreStretchedOntoWhite) {
 TEST_F(PictureTest, GraphicObjectShowsItsPictureOrFallsBackToItsOutline) {
     test::ScopedModelState state;
     auto graphic = state.AddClass(kOCUGraphicFile);
-    graphic->SetObjectType(kGraphicObjectType);
-    graphic->SetFullName("Picture");
+    graphic->SetObjectType(kGraphicObjectType), graphic->SetFullName("Picture");
     graphic->SetNumCharts(0);
     PageFormat format;
     auto obj = graphic->CreateInstance(nullptr);
