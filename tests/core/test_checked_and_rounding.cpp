@@ -2,9 +2,12 @@
 
 #include <cerrno>
 #include <cmath>
+#include <iomanip>
+#include <sstream>
 
 #include "core/Checked.h"
 #include "core/Rounding.h"
+#include "support/CaseLines.h"
 #include "support/Errors.h"
 
 using namespace paginox;
@@ -28,27 +31,18 @@ TEST(Checked, ArithmeticOverflowsAtTheEdgesOfSixteenAndThirtyTwoBits) {
     EXPECT_EQ(ErrorOf([] { CheckIndex(5, 1, 5); }), 0);
 }
 
-TEST(Rounding, HalvesGoToTheEvenNeighbourAndIntIsFloor) {
-    for (auto [value, rounded] : {std::pair{0.5, 0},
-                                  {1.5, 2},
-                                  {2.5, 2},
-                                  {-2.5, -2},
-                                  {-3.5, -4},
-                                  {2.500001, 3},
-                                  {32767.4, 32767}}) {
-        EXPECT_EQ(ToInt32(value), rounded) << value;
-        EXPECT_EQ(ToInt16(value), rounded) << value;
-    }
-    EXPECT_EQ(Int(2.99), 2);
-    EXPECT_EQ(Int(-0.01), -1);
-    EXPECT_EQ(Int(-2.0), -2);
-}
-
-TEST(Rounding, ConversionOutOfRangeOverflows) {
-    EXPECT_EQ(ErrorOf([] { ToInt16(32767.5); }), kOverflow);  // rounds to 32768
-    EXPECT_EQ(ErrorOf([] { ToInt16(-32768.6); }), kOverflow);
-    EXPECT_EQ(ErrorOf([] { ToInt32(2147483647.5); }), kOverflow);
-    EXPECT_EQ(ToInt32(-2147483648.4), -2147483647 - 1);
+TEST(Rounding, HalvesGoToTheEvenNeighbourIntIsFloorAndOutOfRangeOverflows) {
+    auto shown = [](auto convert) {
+        std::string text;
+        return ErrorOf([&] { text = std::to_string(convert()); }) == kOverflow ? "overflow" : text;
+    };
+    test::ExpectOutcomes("core/cases.txt", "rounding", [&](const std::string& in) {
+        const double v = std::stod(in);
+        std::ostringstream floor;
+        floor << std::setprecision(17) << Int(v);
+        return shown([&] { return ToInt32(v); }) + " " + shown([&] { return ToInt16(v); }) + " " +
+               floor.str();
+    });
     EXPECT_EQ(ErrorOf([] { ToInt16(std::nan("")); }), kOverflow);
 }
 

@@ -7,6 +7,7 @@
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
 #include "model/PageObject.h"
+#include "support/Golden.h"
 
 using namespace paginox;
 using test::ErrorOf;
@@ -34,10 +35,7 @@ TEST(PageClass, NewPageHasOneDefaultFormatAndTwelveChartSlots) {
     EXPECT_EQ(ErrorOf([&] { p.ChartPlacementDesc(13); }), kSubscriptOutOfRange);
     p.SetNumCharts(2);
     p.GetFormat(1)->SetForPrinter(true);
-    EXPECT_EQ(p.PageSummary("a"),
-              "File   : a\r\nVers   : 0\r\nAbbr   : New - Desc : New Page\r\n"
-              "Charts : 2 -  Chart 1, Chart 2\r\n"
-              "  Pixels : 800x600  LogPixs=96  Printer=True\r\n    Objects : 0 - \r\n");
+    EXPECT_EQ(p.PageSummary("a"), test::GoldenText("model/summaries.txt", "new page", "\r\n"));
 }
 
 TEST(PageClass, FormatStorageGrowsWithSpareAndTheLastFormatStays) {
@@ -115,9 +113,6 @@ TEST(PageClass, SummaryShowsCountsAndItsOwnFileList) {
     SetFiles(*AddObject(*p.GetFormat(1), 1),
              {"Natal", "Major", "Dig", "Main", "", "   ", "", "Five"});
     AddObject(*p.GetFormat(1), 1);
-    EXPECT_EQ(p.PageSummary("C:\\Pages\\Natal.pag"),
-              "File   : C:\\Pages\\Natal.pag\r\nVers   : 3\r\nAbbr   : Nat - Desc : Natal page\r\n"
-              "Charts : 1 -  Chart 1\r\n  Pixels : 800x600  LogPixs=96  Printer=False\r\n"
-              "    Objects : 2 -   Nat, Nat\r\n"
-              "\r\nFile: Natal.wh1\r\nFile: Dig.alm\r\nFile: Main.pts\r\nFile: Major.asp");
+    EXPECT_EQ(p.PageSummary("C:\\Pages\\Natal.pag") + "\r\n",
+              test::GoldenText("model/summaries.txt", "natal page", "\r\n"));
 }

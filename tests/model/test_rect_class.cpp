@@ -6,26 +6,10 @@
 #include "model/ModelState.h"
 #include "model/RectClass.h"
 #include "model/ScreenTwips.h"
-#include "model/ShapeSurface.h"
 
 using namespace paginox;
 using test::ErrorOf;
 using test::Rect;
-
-namespace {
-struct RecordingSurface : ShapeSurface {
-    std::string calls;
-    void Line(int32_t a, int32_t b, int32_t c, int32_t d, int32_t) override {
-        calls += "L" + Rect(a, b, c - a, d - b).ToString();
-    }
-    void Box(int32_t a, int32_t b, int32_t c, int32_t d, int32_t) override {
-        calls += "B" + Rect(a, b, c - a, d - b).ToString();
-    }
-    void Circle(int32_t x, int32_t y, int32_t r, int32_t) override {
-        calls += "C" + Rect(x, y, r, 0).ToString();
-    }
-};
-}  // namespace
 
 TEST(RectClass, EdgesCentresAndGrowth) {
     EXPECT_TRUE(RectClass().Contains(0, 0));
@@ -60,7 +44,7 @@ TEST(RectClass, ConvertToPixelsRoundsEachFieldHalvesToEven) {
     EXPECT_EQ(r.ToString(), "(2,2)-(6,4)");  // 2.5, 1.5, 3.5, 2.5
 }
 
-TEST(RectClass, HitTestAndDrawByShape) {
+TEST(RectClass, HitTestByShape) {
     RectClass tall = Rect(0, 0, 10, 20);
     EXPECT_TRUE(tall.HitTestShape(kShapeCircle, 5, 14.9f));
     EXPECT_FALSE(tall.HitTestShape(kShapeCircle, 5, 15));  // on the circle: outside
@@ -71,10 +55,4 @@ TEST(RectClass, HitTestAndDrawByShape) {
     EXPECT_FALSE(r.HitTestShape(7, 50, 50));
     EXPECT_TRUE(r.HitTestShape(kShapeBox, 100.5f, 50));  // rounds to 100, halves to even
     EXPECT_FALSE(r.HitTestShape(kShapeBox, 101.5f, 50));
-
-    RecordingSurface s;
-    for (int16_t shape : {0, 1, 2, 3}) Rect(10, 20, 30, 40).DrawShape(s, shape);
-    EXPECT_EQ(s.calls,
-              "B(10,20)-(40,60)C(25,40)-(40,40)L(10,20)-(40,60)L(40,60)-(10,60)"
-              "L(10,60)-(10,20)");
 }

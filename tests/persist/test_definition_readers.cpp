@@ -10,18 +10,6 @@
 
 using namespace paginox;
 
-namespace {
-// One 163-byte rulership record: name, abbreviation, then per sign b0..b8 = sign*10 + b.
-std::string RulershipRecord(const std::string& name, const std::string& abbr) {
-    std::string r = (name + std::string(40, ' ')).substr(0, 40) + abbr + std::string(15, ' ');
-    r.resize(55);
-    for (int s = 1; s <= 12; ++s) {
-        for (int b = 0; b < 9; ++b) r += static_cast<char>(s * 10 + b);
-    }
-    return r;
-}
-}  // namespace
-
 TEST(DefinitionReaders, ColumnListsKeepCompleteRecordsAndReportErrorsOnce) {
     test::TempDir dir;
     test::RecordingMessages messages;
@@ -53,11 +41,10 @@ TEST(DefinitionReaders, ColumnListsKeepCompleteRecordsAndReportErrorsOnce) {
 TEST(DefinitionReaders, RulershipRecordsAndRoundedCount) {
     test::TempDir dir;
     test::RecordingMessages rec;
-    const std::string two =
-        RulershipRecord("  Traditional", "Trad") + RulershipRecord("Modern", "Mod");
+    const std::string rulers = test::GoldenBytes("persist/rulers.hex");
     auto& sets = Definitions().Rulerships;
     // 408 bytes = 2.5 records: three sets, the third read as far as the file goes.
-    ReadRulerships(dir.Write("rulers2.fil", two + RulershipRecord("", "").substr(0, 82)));
+    ReadRulerships(dir.Write("rulers2.fil", rulers));
     ASSERT_EQ(sets.size(), 3u);
     EXPECT_EQ(sets[0].Name + "|" + sets[0].Abbreviation, "Traditional|Trad");
     // Sign 12: b0, b2, b5, then slots 34, 35, 36 = b6, b7, b8.
@@ -69,7 +56,7 @@ TEST(DefinitionReaders, RulershipRecordsAndRoundedCount) {
     EXPECT_EQ(sets[2].TripleCodes[9], 38);  // sign 3 is the last group in the file
     EXPECT_EQ(sets[2].FirstCodes[4], 0);
 
-    ReadRulerships(dir.Write("short.fil", two.substr(0, 81)));  // 0.497 rounds to none
+    ReadRulerships(dir.Write("short.fil", rulers.substr(0, 81)));  // 0.497 rounds to none
     EXPECT_TRUE(sets.empty());
     ReadRulerships(dir / "missing.fil");
     EXPECT_TRUE(sets.empty());

@@ -7,6 +7,7 @@
 #include "persist/DefinitionReaders.h"
 #include "persist/DemoEnvironment.h"
 #include "persist/Folders.h"
+#include "support/Golden.h"
 #include "support/RecordingMessages.h"
 #include "support/TempDir.h"
 
@@ -15,15 +16,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A sample folder laid out as the build generates it.
+// A sample folder laid out as the build generates it, its page read-only as installed.
 std::string MakeSample(const test::TempDir& dir) {
-    for (const char* sub : {"sample/System", "sample/LocalAppData", "sample/User Files/Pages"}) {
-        fs::create_directories(dir / sub);
-    }
-    dir.Write("sample/System/rulers2.fil", std::string(163, ' '));
-    dir.Write("sample/LocalAppData/plist.dfn", "1,3,\"Point\",1\r\n");
-    dir.Write("sample/LocalAppData/Alist.dfn", "1,3,\"Aspect\",1\r\n");
-    dir.Write("sample/User Files/Pages/Sample.pag", "page");
+    fs::copy(test::GoldenPath("demo_sample"), dir / "sample", fs::copy_options::recursive);
     fs::permissions(dir / "sample/User Files/Pages/Sample.pag", fs::perms::owner_read);
     return dir / "sample";
 }

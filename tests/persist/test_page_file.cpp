@@ -21,8 +21,6 @@ namespace {
 // Where records start in pages/sample_v4.hex: format 1 and the first objects of formats 1 and 3
 // (after the three objects and two format records before it).
 constexpr size_t kFormat1 = 349, kObject1 = kFormat1 + 34, kObject3 = kObject1 + 3 * 1605 + 68;
-const std::string kReadError =
-    "Open Error [Ok Critical]: Error whilst attempting to read page formats ";
 
 void Set16(std::string& bytes, size_t at, int v) {
     bytes[at] = char(v & 0xFF);
@@ -110,27 +108,16 @@ TEST_F(PageFile, EndOfFileRules) {
 }
 
 TEST_F(PageFile, UnknownVersionsAndHostileCountsFailFastWithTheMessage) {
-    const struct {
-        size_t at;
-        int value;
-        const char* error;
-    } cases[] = {{0, 1, "Invalid file format"},
-                 {0, 5, "Invalid file format"},
-                 {0, 0, "Invalid file format"},
-                 {0, -4, "Invalid file format"},
-                 // Refused before room is made for the objects it is to load.
-                 {kFormat1, 32767, "Input past end of file"},
-                 {kFormat1, -2, "Subscript out of range"}};
-    for (const auto& c : cases) {
+    // Versions 1, 5, 0 and -4, then format 1 claiming 32767 and -2 objects, read whole and
+    // format 1 alone.
+    for (auto [at, value] :
+         {std::pair{size_t(0), 1}, {0, 5}, {0, 0}, {0, -4}, {kFormat1, 32767}, {kFormat1, -2}}) {
         std::string bytes = sample;
-        Set16(bytes, c.at, c.value);
-        for (int16_t index : {-1, 1}) {
-            SCOPED_TRACE(std::to_string(c.value) + " at " + std::to_string(c.at));
-            messages.shown.clear();
-            EXPECT_EQ(Read(bytes, index), nullptr);
-            EXPECT_EQ(messages.Transcript(), kReadError + file + "\\r\\n\\r\\n" + c.error + "\n");
-        }
+        Set16(bytes, at, value);
+        for (int16_t index : {-1, 1})
+            EXPECT_EQ(Read(bytes, index), nullptr) << value << " at " << at;
     }
+    ExpectShown("versions and counts");
     // A format that is not loaded is skipped: past the file's end, which ends the reading.
     std::string many = sample;
     Set16(many, kFormat1, 1000);

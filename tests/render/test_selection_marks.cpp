@@ -23,7 +23,7 @@ std::string Marks(const SelectionMarkSet& m) {
 }
 }  // namespace
 
-TEST(SelectionMarks, HandlesPerShapeAndTheirSquares) {
+TEST(SelectionMarks, HandlesPerShape) {
     SelectionMarkSet marks;
     marks.PlaceFor(test::Rect(10, 20, 101, 51), kShapeTriangle);  // centre (60, 45)
     EXPECT_EQ(Marks(marks), "(10,45)7 (60,71)5 (60,45)6 ");
@@ -31,15 +31,6 @@ TEST(SelectionMarks, HandlesPerShapeAndTheirSquares) {
     EXPECT_EQ(Marks(marks), "(10,45)2 (60,71)5 (111,45)3 (60,20)4 ");
     EXPECT_THROW(marks.X(5), RuntimeError);
     EXPECT_THROW(marks.Pos(0), RuntimeError);
-
-    RecordingSurface s;
-    s.SetForeColor(Rgb(1, 2, 3)), s.SetDrawStyle(kLineDot);
-    s.calls.clear();
-    marks.Clear();
-    marks.Add(10, 20, kHandleLeft);
-    marks.Draw(s);
-    EXPECT_EQ(s.calls,
-              (std::vector<std::string>{"DrawStyle 0", "Box (8,18)-(12,22) rgb(1,2,3) solid"}));
 }
 
 TEST(SelectionMarks, RefreshDrawsMarksOnlyBelowTheLastObject) {
