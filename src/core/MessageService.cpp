@@ -10,18 +10,6 @@ namespace {
 StderrMessages gStderr;
 MessageService* gCurrent = &gStderr;
 
-MsgAnswer FirstButton(MsgButtons buttons) {
-    switch (buttons) {
-        case MsgButtons::Ok:
-        case MsgButtons::OkCancel: return MsgAnswer::Ok;
-        case MsgButtons::YesNo:
-        case MsgButtons::YesNoCancel: return MsgAnswer::Yes;
-        case MsgButtons::RetryCancel: return MsgAnswer::Retry;
-        case MsgButtons::AbortRetryIgnore: return MsgAnswer::Abort;
-    }
-    return MsgAnswer::Ok;
-}
-
 // Message texts break lines with CR LF; a terminal wants plain LF.
 std::string ForTerminal(const std::string& ansi) {
     std::string out;
@@ -32,19 +20,39 @@ std::string ForTerminal(const std::string& ansi) {
 }
 }  // namespace
 
+MsgAnswer FirstButton(MsgButtons buttons) {
+    switch (buttons) {
+        case MsgButtons::Ok:
+        case MsgButtons::OkCancel:
+            return MsgAnswer::Ok;
+        case MsgButtons::YesNo:
+        case MsgButtons::YesNoCancel:
+            return MsgAnswer::Yes;
+        case MsgButtons::RetryCancel:
+            return MsgAnswer::Retry;
+        case MsgButtons::AbortRetryIgnore:
+            return MsgAnswer::Abort;
+    }
+    return MsgAnswer::Ok;
+}
+
 MsgAnswer StderrMessages::Show(const std::string& text, const std::string& title,
                                MsgButtons buttons, MsgIcon) {
     std::cerr << ForTerminal(title) << ": " << ForTerminal(text) << '\n';
     return FirstButton(buttons);
 }
 
-MessageService& Messages() { return *gCurrent; }
+MessageService& Messages() {
+    return *gCurrent;
+}
 
 ScopedMessageService::ScopedMessageService(MessageService& service) : previous_(gCurrent) {
     gCurrent = &service;
 }
 
-ScopedMessageService::~ScopedMessageService() { gCurrent = previous_; }
+ScopedMessageService::~ScopedMessageService() {
+    gCurrent = previous_;
+}
 
 void ShowMessage(const std::string& text, const std::string& title, MsgIcon icon) {
     Messages().Show(text, title, MsgButtons::Ok, icon);

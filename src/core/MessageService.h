@@ -13,15 +13,18 @@ enum class MsgIcon { None, Critical, Question, Exclamation, Information };
 enum class MsgAnswer { Ok, Cancel, Yes, No, Retry, Abort, Ignore };
 
 class MessageService {
-public:
+  public:
     virtual ~MessageService() = default;
     virtual MsgAnswer Show(const std::string& text, const std::string& title, MsgButtons buttons,
                            MsgIcon icon) = 0;
 };
 
+// The answer of a box's first button, which a service without a user gives.
+MsgAnswer FirstButton(MsgButtons buttons);
+
 // Prints "Title: text" on stderr and answers with the first button.
 class StderrMessages : public MessageService {
-public:
+  public:
     MsgAnswer Show(const std::string& text, const std::string& title, MsgButtons buttons,
                    MsgIcon icon) override;
 };
@@ -31,13 +34,13 @@ MessageService& Messages();
 
 // Installs a service for the lifetime of this object, then restores the previous one.
 class ScopedMessageService {
-public:
+  public:
     explicit ScopedMessageService(MessageService& service);
     ~ScopedMessageService();
     ScopedMessageService(const ScopedMessageService&) = delete;
     ScopedMessageService& operator=(const ScopedMessageService&) = delete;
 
-private:
+  private:
     MessageService* previous_;
 };
 

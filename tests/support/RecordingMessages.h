@@ -32,7 +32,7 @@ class RecordingMessages : public MessageService {
             answers_.pop_front();
             return a;
         }
-        return fallback_.Show(text, title, buttons, icon);
+        return FirstButton(buttons);
     }
 
     std::vector<ShownMessage> shown;
@@ -68,22 +68,6 @@ class RecordingMessages : public MessageService {
             text.replace(at, from.size(), to);
         }
     }
-    // Only for picking the default answer; prints nothing itself.
-    struct FirstButton : MessageService {
-        MsgAnswer Show(const std::string&, const std::string&, MsgButtons b, MsgIcon) override {
-            switch (b) {
-                case MsgButtons::YesNo:
-                case MsgButtons::YesNoCancel:
-                    return MsgAnswer::Yes;
-                case MsgButtons::RetryCancel:
-                    return MsgAnswer::Retry;
-                case MsgButtons::AbortRetryIgnore:
-                    return MsgAnswer::Abort;
-                default:
-                    return MsgAnswer::Ok;
-            }
-        }
-    } fallback_;
     std::deque<MsgAnswer> answers_;
     ScopedMessageService scope_;
 };
