@@ -7,7 +7,7 @@
 
 #include "support/DamagedPage.h"
 #include "support/RecordingMessages.h"
-#include "tool/Tool.h"
+#include "support/ToolRun.h"
 
 using namespace paginox;
 namespace fs = std::filesystem;
@@ -36,13 +36,8 @@ struct RenderCommand : ::testing::Test {
     // The status of the render command with those words, and the image it wrote to out.
     std::pair<int, QImage> Render(const std::string& line) {
         setenv("QT_QPA_PLATFORM", "offscreen", 0);  // the tool honours a platform already chosen
-        std::vector<std::string> args = {"--data", std::string(PAGINOX_SAMPLE_DIR) + "/System",
-                                         "render"};
-        std::istringstream words(line);
-        for (std::string w; words >> w;) args.push_back(w);
-        std::ostringstream text, err;
-        int status = RunTool(args, text, err);
-        EXPECT_EQ(err.str().find("Usage") != std::string::npos, status == kExitUsage) << err.str();
+        auto [status, text, err] = test::Tool("render " + line, true);
+        EXPECT_EQ(err.find("Usage") != std::string::npos, status == kExitUsage) << err;
         return {status, QImage(QString::fromStdString(out))};
     }
 };

@@ -1,30 +1,23 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <sstream>
 
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
 #include "persist/FileIO_Page.h"
 #include "support/RecordingMessages.h"
 #include "support/TempDir.h"
-#include "tool/Tool.h"
+#include "support/ToolRun.h"
 
 namespace paginox {
 namespace {
 
 // The exit status and the output of a command line, with the sample data.
-std::pair<int, std::string> Tool(std::vector<std::string> args) {
-    args.insert(args.begin(), {"--data", std::string(PAGINOX_SAMPLE_DIR) + "/System"});
-    std::ostringstream out, err;
-    int status = RunTool(args, out, err);
-    return {status, out.str()};
-}
-
-std::string Bytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
+std::pair<int, std::string> Tool(const std::vector<std::string>& args) {
+    std::string line;
+    for (const std::string& a : args) line += a + " ";
+    test::ToolRun r = test::Tool(line, true);
+    return {r.status, r.out};
 }
 
 // Formats 929 x 749 (a screen), 800 x 600 (no screen is 895 wide) and a printer page.
@@ -62,7 +55,7 @@ TEST(ToolSizes, AddSizeAddsShowsTheEqualOneOrRefusesAndFormatsNamesThem) {
     for (const Case& c : cases) {
         test::TempDir dir;
         std::string page = ThreeFormatPage(dir);
-        std::string before = Bytes(page);
+        std::string before = test::ReadAll(page);
         std::vector<std::string> args = {"add-size", page};
         args.insert(args.end(), c.args.begin(), c.args.end());
         auto [status, out] = Tool(args);
@@ -70,7 +63,7 @@ TEST(ToolSizes, AddSizeAddsShowsTheEqualOneOrRefusesAndFormatsNamesThem) {
         EXPECT_EQ(status, c.status) << what;
         EXPECT_EQ(out, c.out) << what;
         if (c.lastFormat.empty()) {
-            EXPECT_EQ(Bytes(page), before) << what;
+            EXPECT_EQ(test::ReadAll(page), before) << what;
         } else {
             std::string formats = Tool({"formats", page}).second;
             EXPECT_EQ(std::count(formats.begin(), formats.end(), '\n'), 4) << what;

@@ -15,28 +15,14 @@
 #include "support/RecordingMessages.h"
 #include "support/ScopedAppFolders.h"
 #include "support/TempDir.h"
-#include "tool/Tool.h"
+#include "support/ToolRun.h"
 
 using namespace paginox;
 namespace fs = std::filesystem;
 
 namespace {
-struct ToolRun {
-    int status;
-    std::string out, err;
-};
-
-// The tool run on the words of the command line; with sample, every definition file comes
-// from the sample data. Standard output goes to out when one is given.
-ToolRun Tool(const std::string& line, bool sample = false, std::ostream* out = nullptr) {
-    std::vector<std::string> args;
-    if (sample) args = {"--data", std::string(PAGINOX_SAMPLE_DIR) + "/System"};
-    std::istringstream words(line);
-    for (std::string w; words >> w;) args.push_back(w);
-    std::ostringstream text, err;
-    int status = RunTool(args, out ? *out : text, err);
-    return {status, text.str(), err.str()};
-}
+using test::Tool;
+using test::ToolRun;
 
 // A page of one format holding objects of sample catalogue classes (1 the single wheel, 8 the
 // asteroid list, whose generic file is ".ast"), each given as class, wheel, aspects, generic.
