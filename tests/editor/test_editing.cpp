@@ -3,7 +3,6 @@
 #include "editor/EditStep.h"
 #include "editor/EditorFixture.h"
 #include "editor/EditorHistory.h"
-#include "editor/Manipulation.h"
 #include "editor/ObjectCommands.h"
 #include "editor/PropertyRows.h"
 #include "editor/UndoManager.h"
@@ -77,21 +76,6 @@ TEST(Numbers, ShownRoundedWithTheUsersSeparator) {
     EXPECT_EQ(ShownNumber(0.5, ','), "0,5");
     EXPECT_EQ(ShownNumber(-0.00001, '.'), "0");
     EXPECT_EQ(ShownNumber(12.0, ','), "12");
-}
-
-TEST_F(HistoryTest, DragsStayOnThePage) {
-    fx.state.SelectedObject = 1;  // the box at (120, 60), 100 x 80 in a 400 x 300 margin
-    {
-        EditStep step(fx.state, properties);
-        ASSERT_TRUE(CommitDrag(fx.state, step, kDragMove, -100, -100));
-    }
-    EXPECT_EQ(fx.Object(1).Origin(1), 0.0f);
-    EXPECT_EQ(fx.Object(1).Origin(2), 0.0f);
-    {
-        EditStep step(fx.state, properties);
-        ASSERT_TRUE(CommitDrag(fx.state, step, kHandleRight, 500, 0));
-    }
-    EXPECT_FLOAT_EQ(fx.Object(1).Length(1), 1.0f - fx.Object(1).Origin(1));
 }
 
 }  // namespace

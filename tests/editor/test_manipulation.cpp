@@ -85,6 +85,11 @@ TEST(Manipulation, CommittingADragSetsFractionsOfTheMargin) {
     undo.Undo();
     undo.Undo();
     EXPECT_TRUE(fx.state.Page->IsEqual(fx.state.SavedPage.get()));
+    // Moves stop at the margin's edges, resizes at the edge they pull.
+    EXPECT_TRUE(commit(kDragMove, -100, -100));
+    EXPECT_EQ(std::pair(fx.Object(1).Origin(1), fx.Object(1).Origin(2)), std::pair(0.0f, 0.0f));
+    EXPECT_TRUE(commit(kHandleRight, 500, 0));
+    EXPECT_FLOAT_EQ(fx.Object(1).Origin(1) + fx.Object(1).Length(1), 1.0f);
 }
 
 }  // namespace
