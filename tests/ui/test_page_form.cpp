@@ -257,12 +257,10 @@ TEST(StartUp, SecondCopyQuestion) {
     messages.Script({MsgAnswer::No, MsgAnswer::Yes});
     EXPECT_FALSE(ConfirmSecondCopy());
     EXPECT_TRUE(ConfirmSecondCopy());
-    EXPECT_EQ(messages.shown.size(), 2u);
-    EXPECT_EQ(messages.Last(),
-              "Paginox: A copy of Paginox is already running.\r\n\r\nAre you sure that you want "
-              "to start another copy?");
-    EXPECT_EQ(std::pair(messages.shown[0].buttons, messages.shown[0].icon),
-              std::pair(MsgButtons::YesNo, MsgIcon::Question));
+    const std::string asked =
+        "Paginox [YesNo Question]: A copy of Paginox is already running."
+        "\\r\\n\\r\\nAre you sure that you want to start another copy?\n";
+    EXPECT_EQ(messages.Transcript(), asked + asked);
 }
 
 }  // namespace
