@@ -165,21 +165,13 @@ TEST(ToolLibrary, CatalogueAsJsonAndThumbnailsMadeOnce) {
     std::filesystem::create_directories(pages);
     std::filesystem::copy_file(std::string(PAGINOX_SAMPLE_DIR) + "/User Files/Pages/Poster.pag",
                                pages + "Poster.pag");
-    test::TempDir scratch;
-    std::filesystem::copy_file(scratch.Write("b.pag", "not a page"), pages + "Broken.pag");
+    std::ofstream(pages + "Broken.pag") << "not a page";
     ToolRun r = Tool("library", true);
     ASSERT_EQ(r.status, kExitOk) << r.err;
-    QJsonArray categories = QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).array();
-    ASSERT_EQ(categories.size(), 1);
-    EXPECT_EQ(categories[0].toObject()["Category"].toString(), "Added Recently");
-    QJsonArray list = categories[0].toObject()["Pages"].toArray();
-    ASSERT_EQ(list.size(), 2);
-    QJsonObject broken = list[0].toObject(), poster = list[1].toObject();
-    EXPECT_EQ(broken["File"].toString(), "Broken.pag");
-    EXPECT_TRUE(broken["Formats"].isNull());
-    EXPECT_EQ(poster["Title"].toString(), "Poster");
-    EXPECT_EQ(poster["Path"].toString().toStdString(), pages + "Poster.pag");
-    EXPECT_GE(poster["Formats"].toInt(), 1);
+    // Pages by name, the unreadable one with no formats; its folder written as $PAGES/.
+    for (size_t at; (at = r.out.find(pages)) != std::string::npos;)
+        r.out.replace(at, pages.size(), "$PAGES/");
+    EXPECT_EQ(r.out, test::ReadAll(test::GoldenPath("tool/library.json")));
 
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
     r = Tool("thumbnails --size 80x60", true);
