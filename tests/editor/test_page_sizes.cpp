@@ -38,7 +38,6 @@ TEST(PageSizeSetup, OptionsPrinterPaperAndTheEnteredSize) {
     PageSizeSetup onPrinter(Format(545, 461, true), 96, printer);
     EXPECT_EQ(Boxes(onPrinter), "2400x3300");
     EXPECT_EQ(onPrinter.Working().LogPixels(), 300);
-    EXPECT_EQ(ShapeOptionCaption(10), "Screen WUXGA (1920x1200)");
 
     // Options, the printer and paper sizes.
     test::RecordingMessages messages;
