@@ -77,6 +77,10 @@ TEST(PropertyRows, ValuesAreCheckedBeforeAnythingIsStored) {
               test::GoldenLines("editor/row_inputs.txt", "point list, comma separator"));
     fx.state.SelectedObject = 0;
     EXPECT_EQ(Outcomes(fx.state, "page"), test::GoldenLines("editor/row_inputs.txt", "page"));
+    // Numbers show rounded to four decimals, with the user's separator.
+    EXPECT_EQ(ShownNumber(0.54456824f, '.') + " " + ShownNumber(0.5, ',') + " " +
+                  ShownNumber(-0.00001, '.') + " " + ShownNumber(12.0, ','),
+              "0.5446 0,5 0 12");
     EXPECT_EQ(PickedFileValue(FilePicker::Wheel, "/data/Wheels/Round.wh"), "Round");
     EXPECT_EQ(PickedFileValue(FilePicker::Graphic, "/data/Pictures/Logo.bmp"),
               "/data/Pictures/Logo.bmp");
