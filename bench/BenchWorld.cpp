@@ -92,6 +92,18 @@ std::shared_ptr<PageFormat> MixedFormat(int count, std::mt19937& random) {
     return format;
 }
 
+// A page of the library: 1 to 4 formats of the screen's proportions, 5 to 40 objects each.
+PageClass LibraryPage(std::mt19937& random) {
+    PageClass page;
+    page.InitNewPage();
+    page.SetNumCharts(2);
+    int formats = std::uniform_int_distribution<int>(1, 4)(random);
+    std::uniform_int_distribution<int> objects(5, 40);
+    page.SetFormat(1, MixedFormat(objects(random), random));
+    for (int k = 2; k <= formats; ++k) page.AddFormat(MixedFormat(objects(random), random));
+    return page;
+}
+
 std::string gRootToRemove;
 
 void RemoveRoot() {
@@ -126,6 +138,12 @@ BenchWorld& World() {
             w->pageFiles.push_back((w->root / "pages" / name).string());
             w->copyFiles.push_back((w->root / "copies" / name).string());
             if (!SavePage(w->pageFiles.back(), page)) std::abort();
+        }
+        const std::string library = AppFolders().Path(kPagesFolder);
+        fs::create_directories(library);
+        for (int i = 0; i < kPageFiles; ++i) {
+            w->library.push_back(library + "library" + std::to_string(i) + ".pag");
+            if (!SavePage(w->library.back(), LibraryPage(random))) std::abort();
         }
         w->mixed = MixedFormat(kDrawnObjects, random);
         return w;

@@ -1,8 +1,9 @@
 #pragma once
 
 // What the benchmarks work on, made once per run in a folder of its own: a small object class
-// catalogue, 1,000 page files of 10 objects, a format of 100 mixed objects, and a folder
-// table whose cache and temporary folders lie inside that folder.
+// catalogue, 1,000 page files of 10 objects, a library of 1,000 pages of 1 to 4 formats and 5
+// to 40 objects in the Pages folder, a format of 100 mixed objects, and a folder table whose
+// folders all lie inside that folder.
 
 #include <filesystem>
 #include <memory>
@@ -26,6 +27,7 @@ struct BenchWorld {
     std::filesystem::path root;
     std::vector<std::string> pageFiles;  // kPageFiles saved pages
     std::vector<std::string> copyFiles;  // where the benchmarks write them back
+    std::vector<std::string> library;    // kPageFiles pages of the Pages folder
     std::shared_ptr<PageFormat> mixed;   // kDrawnObjects objects of every shape
     int16_t mixedCharts = 2;             // the page's chart count: chart labels are drawn
 };

@@ -7,13 +7,15 @@
 
 #include "BenchWorld.h"
 #include "library/PageCatalog.h"
+#include "persist/Folders.h"
 
 namespace paginox::bench {
 
 namespace {
 
 std::string PagesFolder() {
-    return (World().root / "pages").string() + "/";
+    World();
+    return AppFolders().Path(kPagesFolder);
 }
 
 void CatalogueLoad(benchmark::State& state) {

@@ -51,11 +51,11 @@ QImage Placeholder() {
     return image;
 }
 
-const QImage& Blank() {
-    static const QImage blank = [] {
-        QImage image(PageBrowser::kThumbWidth, PageBrowser::kThumbHeight, QImage::Format_RGB32);
-        image.fill(QColor(246, 246, 246));
-        return image;
+const QPixmap& Blank() {
+    static const QPixmap blank = [] {
+        QPixmap pixmap(PageBrowser::kThumbWidth, PageBrowser::kThumbHeight);
+        pixmap.fill(QColor(246, 246, 246));
+        return pixmap;
     }();
     return blank;
 }
@@ -244,8 +244,8 @@ void PageBrowser::FillPages(const std::string& select) {
     const CatalogCategory* category = catalog_.Find(CurrentCategory());
     QSignalBlocker block(pages_);
     pages_->clear();
+    itemsByPath_.clear();
     QString filter = filter_->text().trimmed();
-    std::vector<std::string> paths;
     for (const std::string& file : category ? category->Pages : std::vector<std::string>{}) {
         const PageInfo& info = Info(file);
         QString name = FromAnsi(file.substr(0, file.size() - 4));
@@ -260,9 +260,9 @@ void PageBrowser::FillPages(const std::string& select) {
         std::string path = catalog_.PathOf(file);
         auto found = thumbnails_.find(path);
         // Until its thumbnail arrives a page shows a blank of the same size.
-        item->setIcon(QPixmap::fromImage(found != thumbnails_.end() ? found->second : Blank()));
+        item->setIcon(found != thumbnails_.end() ? found->second : Blank());
         if (file == select) pages_->setCurrentItem(item);
-        paths.push_back(path);
+        itemsByPath_[path] = item;
     }
     if (!pages_->currentItem() && pages_->count() > 0) pages_->setCurrentRow(0);
     block.unblock();
@@ -282,7 +282,7 @@ void PageBrowser::ShowImages(bool show) {
     }
     std::vector<std::string> wanted;
     for (int i = 0; i < pages_->count(); ++i) {
-        std::string path = catalog_.PathOf(ToAnsi(pages_->item(i)->data(Qt::UserRole).toString()));
+        std::string path = PathOfItem(pages_->item(i));
         if (!thumbnails_.count(path)) wanted.push_back(path);
     }
     queue_->Cancel();
@@ -290,29 +290,40 @@ void PageBrowser::ShowImages(bool show) {
     RequestVisibleThumbnails();
 }
 
-void PageBrowser::RequestVisibleThumbnails() {
+std::string PageBrowser::PathOfItem(const QListWidgetItem* item) const {
+    return catalog_.PathOf(ToAnsi(item->data(Qt::UserRole).toString()));
+}
+
+std::vector<std::string> PageBrowser::VisiblePaths() const {
     std::vector<std::string> visible;
     QRect view = pages_->viewport()->rect();
     for (int i = 0; i < pages_->count(); ++i) {
         if (pages_->visualItemRect(pages_->item(i)).intersects(view)) {
-            visible.push_back(
-                catalog_.PathOf(ToAnsi(pages_->item(i)->data(Qt::UserRole).toString())));
+            visible.push_back(PathOfItem(pages_->item(i)));
         }
     }
-    queue_->Prioritize(visible);
+    return visible;
+}
+
+bool PageBrowser::VisibleThumbnailsShown() const {
+    for (const std::string& path : VisiblePaths()) {
+        if (!thumbnails_.count(path)) return false;
+    }
+    return true;
+}
+
+void PageBrowser::RequestVisibleThumbnails() {
+    queue_->Prioritize(VisiblePaths());
     int left = queue_->Waiting();
     progress_->setText(left > 0 ? QString("Making thumbnails: %1 left").arg(left) : QString());
 }
 
 void PageBrowser::ThumbnailReady(const QString& path, const QImage& image) {
-    QImage shown = image.isNull() ? Placeholder() : image;
-    thumbnails_[ToPath(path)] = shown;
-    for (int i = 0; i < pages_->count(); ++i) {
-        QListWidgetItem* item = pages_->item(i);
-        if (FromPath(catalog_.PathOf(ToAnsi(item->data(Qt::UserRole).toString()))) == path) {
-            item->setIcon(QPixmap::fromImage(shown));
-        }
-    }
+    QPixmap shown = QPixmap::fromImage(image.isNull() ? Placeholder() : image);
+    std::string native = ToPath(path);
+    thumbnails_[native] = shown;
+    auto item = itemsByPath_.find(native);
+    if (item != itemsByPath_.end()) item->second->setIcon(shown);
     int left = queue_->Waiting();
     progress_->setText(left > 0 ? QString("Making thumbnails: %1 left").arg(left) : QString());
 }

@@ -5,10 +5,12 @@
 // and the page and category commands of the catalogue. Modal; it returns the page to open.
 
 #include <QDialog>
+#include <QPixmap>
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "library/PageCatalog.h"
 
@@ -44,6 +46,10 @@ class PageBrowser : public QDialog {
     PageCatalog& Catalog() { return catalog_; }
     QListWidget* Categories() const { return categories_; }
     QListWidget* Pages() const { return pages_; }
+    // How many pages have their thumbnail (or placeholder) shown, and whether every page on
+    // screen has.
+    int ThumbnailsShown() const { return static_cast<int>(thumbnails_.size()); }
+    bool VisibleThumbnailsShown() const;
 
     // The commands, also on the window's buttons and menus.
     void OpenPage();
@@ -72,6 +78,8 @@ class PageBrowser : public QDialog {
     void ShowDetails();
     void ShowImages(bool show);
     void RequestVisibleThumbnails();
+    std::vector<std::string> VisiblePaths() const;
+    std::string PathOfItem(const QListWidgetItem* item) const;
     void ThumbnailReady(const QString& path, const QImage& image);
     const PageInfo& Info(const std::string& file);
     std::string CurrentCategory() const;
@@ -83,7 +91,9 @@ class PageBrowser : public QDialog {
     PageCatalog catalog_;
     std::string chosen_;
     std::map<std::string, PageInfo> info_;
-    std::map<std::string, QImage> thumbnails_;  // by native path
+    // By native path; the pixmaps are shared with the items' icons, not copied.
+    std::map<std::string, QPixmap> thumbnails_;
+    std::map<std::string, QListWidgetItem*> itemsByPath_;  // the items listed now
     ThumbnailQueue* queue_ = nullptr;
     std::unique_ptr<ImageCache> cache_;
     QListWidget* categories_ = nullptr;
