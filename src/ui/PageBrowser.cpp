@@ -153,8 +153,11 @@ void PageBrowser::BuildControls() {
     auto* down = new QPushButton("\u2193", this);
     down->setToolTip("Move the category down");
     connect(down, &QPushButton::clicked, this, [this] { MoveCategory(1); });
-    categoryButtons->addWidget(up);
-    categoryButtons->addWidget(down);
+    // Narrow arrows leave the category buttons room for their words.
+    for (QPushButton* arrow : {up, down}) {
+        arrow->setFixedWidth(arrow->fontMetrics().height() * 2);
+        categoryButtons->addWidget(arrow);
+    }
     auto* left = new QWidget(this);
     auto* leftLayout = new QVBoxLayout(left);
     leftLayout->setContentsMargins(0, 0, 0, 0);
