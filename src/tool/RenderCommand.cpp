@@ -1,9 +1,7 @@
-// The render command: one format of a page drawn to a PNG image, as a thumbnail on white or
-// as the editor's preview.
+// The render command: one format of a page drawn to a PNG, SVG or PDF file (by the output's
+// extension), as a thumbnail on white or as the editor's preview.
 
-#include <QBuffer>
 #include <QGuiApplication>
-#include <QImage>
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -20,9 +18,7 @@
 #include "persist/AtomicSave.h"
 #include "persist/Folders.h"
 #include "render/ImageDraw.h"
-#include "render/PageDraw.h"
-#include "render/PreviewRefresh.h"
-#include "render/QtSurface.h"
+#include "render/PageExport.h"
 #include "tool/Tool.h"
 #include "tool/ToolCommands.h"
 
@@ -32,7 +28,7 @@ namespace {
 
 constexpr int kMaxImageSide = 16384;
 const char* kRenderUsage =
-    "render takes PAGE -o OUT.png [--format K] [--size WxH|N] [--interactive] [--no-labels] "
+    "render takes PAGE -o OUT.png|OUT.svg|OUT.pdf [--format K] [--size WxH|N] [--interactive] [--no-labels] "
     "[--no-pictures]";
 
 struct RenderRequest {
@@ -84,20 +80,8 @@ RenderRequest ParseRender(const std::vector<std::string>& args) {
         }
     }
     if (r.page.empty() || r.out.empty()) throw UsageError{kRenderUsage};
+    if (!PictureKindOf(r.out)) throw UsageError{"the output must end in .png, .svg or .pdf"};
     return r;
-}
-
-// Encoded in memory and saved as pages are, so that a failure keeps the old image whole.
-bool SavePng(const QImage& image, const std::string& path) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, "PNG")) return false;
-    try {
-        SaveFileAtomically(path, bytes.toStdString());
-        return true;
-    } catch (const RuntimeError&) {
-        return false;
-    }
 }
 
 }  // namespace
@@ -133,27 +117,23 @@ int CommandRender(const ToolOptions& options, std::ostream&) {
     // Pictures are drawn straight from their files: a one-off render leaves no cached sizes
     // behind in the host's folders. Those named without a folder lie beside the page.
     ScopedPictureFolder pictures(std::filesystem::path(r.page).parent_path().string());
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(Qt::white);
+    Picture picture;
     try {
-        QtSurface surface(image);
-        PreviewRects rects;
-        // The preview's refresh with nothing selected; a thumbnail is drawn straight on white.
-        if (r.interactive) {
-            surface.SetBackColor(kPreviewBackColour);
-            surface.Clear();
-        }
-        // A damaged page is drawn as far as it goes; what is missing is said, not fatal.
-        for (const DrawProblem& p : DrawFormat(surface, nullptr, page->NumCharts(), format,
-                                               r.labels, r.interactive, r.pictures, &rects)) {
-            std::string where = "format " + std::to_string(r.format);
-            if (p.Object > 0) where += ", object " + std::to_string(p.Object);
-            ShowMessage(where + ": " + p.Description, "Warning", MsgIcon::Exclamation);
-        }
+        picture = DrawPicture(*PictureKindOf(r.out), width, height, page->NumCharts(), format,
+                              PictureOptions{r.labels, r.pictures, r.interactive});
     } catch (const RuntimeError& e) {
         return ReportPageError(r.page, e);
     }
-    if (!SavePng(image, r.out)) {
+    // A damaged page is drawn as far as it goes; what is missing is said, not fatal.
+    for (const DrawProblem& p : picture.Problems) {
+        std::string where = "format " + std::to_string(r.format);
+        if (p.Object > 0) where += ", object " + std::to_string(p.Object);
+        ShowMessage(where + ": " + p.Description, "Warning", MsgIcon::Exclamation);
+    }
+    try {
+        // Saved as pages are, so that a failure keeps the old file whole.
+        SaveFileAtomically(r.out, picture.Bytes);
+    } catch (const RuntimeError&) {
         ShowMessage("Error whilst writing the image " + Utf8ToCp1252(r.out), "paginox-tool",
                     MsgIcon::Critical);
         return kExitFailure;

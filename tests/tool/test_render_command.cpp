@@ -70,12 +70,32 @@ TEST_F(RenderCommand, ThumbnailAndPreviewOfASamplePage) {
     EXPECT_FALSE(HasBlue(preview));
 }
 
+// Read back as other programs read them: the SVG by Qt's image reader, the PDF by pdfinfo.
+TEST_F(RenderCommand, SvgAndPdfByTheOutputsExtension) {
+    std::string svg = dir / "out.SVG";
+    ASSERT_EQ(test::Tool("render " + page + " -o " + svg + " --no-pictures", true).status, 0);
+    EXPECT_EQ(QImage(QString::fromStdString(svg)).size(), QSize(705, 581));
+
+    // The sample's printer format: 2480 x 3508 pixels at 300 per inch, an A4 page.
+    std::string birth = dir.Write("Birth.pag", test::ReadAll(kSamplePages + "Birth Chart.pag"));
+    std::string pdf = dir / "out.pdf";
+    ASSERT_EQ(test::Tool("render " + birth + " -o " + pdf + " --format 4", true).status, 0);
+    std::string info;
+    FILE* pipe = popen(("pdfinfo '" + pdf + "'").c_str(), "r");
+    ASSERT_NE(pipe, nullptr);
+    for (char buf[256]; fgets(buf, sizeof buf, pipe);) info += buf;
+    EXPECT_EQ(pclose(pipe), 0) << info;
+    EXPECT_NE(info.find("Pages:           1\n"), std::string::npos) << info;
+    EXPECT_NE(info.find("Page size:       595 x 842 pts (A4)"), std::string::npos) << info;
+}
+
 TEST_F(RenderCommand, UsageErrorsAndFailures) {
     for (const char* options : {"--format 99", "--format 0", "--format", "--size 10by10",
                                 "--size 0x10", "--size 0", "--bogus"}) {
         EXPECT_EQ(Render(page + " -o " + out + " " + options).first, kExitUsage) << options;
     }
     EXPECT_EQ(Render(page).first, kExitUsage);
+    EXPECT_EQ(Render(page + " -o " + dir / "out.gif").first, kExitUsage);
     EXPECT_EQ(Render("-o " + out).first, kExitUsage);
     EXPECT_EQ(Render(dir / "none.pag -o " + out).first, kExitFailure);
     EXPECT_EQ(messages.Last().substr(0, 11), "Open Error:");

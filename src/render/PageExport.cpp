@@ -1,0 +1,117 @@
+#include "render/PageExport.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+#include <algorithm>
+#include <cctype>
+
+#include "core/RuntimeError.h"
+#include "model/PageFormat.h"
+#include "render/PreviewRefresh.h"
+#include "render/QtSurface.h"
+
+namespace paginox {
+
+namespace {
+
+constexpr int kDefaultResolution = 96;
+
+std::vector<DrawProblem> DrawToImage(QBuffer& out, int width, int height, int16_t numCharts,
+                                     const PageFormat& format, const PictureOptions& options) {
+    QImage image(width, height, QImage::Format_RGB32);
+    std::vector<DrawProblem> problems = DrawFormatOn(image, numCharts, format, options);
+    if (!image.save(&out, "PNG")) throw RuntimeError(kDeviceIOError);
+    return problems;
+}
+
+std::vector<DrawProblem> DrawToSvg(QBuffer& out, int width, int height, int16_t numCharts,
+                                   const PageFormat& format, const PictureOptions& options) {
+    QSvgGenerator svg;
+    svg.setOutputDevice(&out);
+    svg.setSize(QSize(width, height));
+    svg.setViewBox(QRect(0, 0, width, height));
+    svg.setTitle(QString::fromLatin1("Page"));
+    return DrawFormatOn(svg, numCharts, format, options);
+}
+
+// The generator gives the picture's size in millimetres, which readers turn back into pixels
+// at differing resolutions: plain pixels keep the format's size everywhere.
+void SizeInPixels(QByteArray& svg, int width, int height) {
+    qsizetype start = svg.indexOf("<svg width=\"");
+    qsizetype end = svg.indexOf("viewBox=", start);
+    if (start < 0 || end < 0) return;
+    QByteArray size = QString::fromLatin1("<svg width=\"%1\" height=\"%2\"\n ")
+                          .arg(width)
+                          .arg(height)
+                          .toLatin1();
+    svg.replace(start, end - start, size);
+}
+
+std::vector<DrawProblem> DrawToPdf(QBuffer& out, int width, int height, int16_t numCharts,
+                                   const PageFormat& format, const PictureOptions& options) {
+    QPdfWriter pdf(&out);
+    int dpi = PdfResolution(format);
+    pdf.setResolution(dpi);
+    pdf.setPageSize(QPageSize(QSizeF(double(width) / dpi, double(height) / dpi), QPageSize::Inch,
+                              QString(), QPageSize::ExactMatch));
+    pdf.setPageMargins(QMarginsF(0, 0, 0, 0));
+    pdf.setCreator(QString::fromLatin1("Paginox"));
+    return DrawFormatOn(pdf, numCharts, format, options);
+}
+
+}  // namespace
+
+std::vector<DrawProblem> DrawFormatOn(QPaintDevice& device, int16_t pageNumCharts,
+                                      const PageFormat& format, const PictureOptions& options) {
+    QtSurface surface(device);
+    surface.SetBackColor(options.Interactive ? kPreviewBackColour : Rgb(255, 255, 255));
+    surface.Clear();
+    PreviewRects rects;
+    return DrawFormat(surface, nullptr, pageNumCharts, format, options.Labels,
+                      options.Interactive, options.Pictures, &rects);
+}
+
+std::optional<PictureKind> PictureKindOf(const std::string& path) {
+    size_t dot = path.find_last_of("./");
+    if (dot == std::string::npos || path[dot] != '.') return std::nullopt;
+    std::string ext = path.substr(dot + 1);
+    std::transform(ext.begin(), ext.end(), ext.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    if (ext == "png") return PictureKind::Png;
+    if (ext == "svg") return PictureKind::Svg;
+    if (ext == "pdf") return PictureKind::Pdf;
+    return std::nullopt;
+}
+
+int PdfResolution(const PageFormat& format) {
+    return format.LogPixels() > 0 ? format.LogPixels() : kDefaultResolution;
+}
+
+Picture DrawPicture(PictureKind kind, int width, int height, int16_t pageNumCharts,
+                    const PageFormat& format, const PictureOptions& options) {
+    QByteArray bytes;
+    std::vector<DrawProblem> problems;
+    {
+        QBuffer out(&bytes);
+        out.open(QIODevice::WriteOnly);
+        switch (kind) {
+            case PictureKind::Png:
+                problems = DrawToImage(out, width, height, pageNumCharts, format, options);
+                break;
+            case PictureKind::Svg:
+                problems = DrawToSvg(out, width, height, pageNumCharts, format, options);
+                break;
+            case PictureKind::Pdf:
+                problems = DrawToPdf(out, width, height, pageNumCharts, format, options);
+                break;
+        }
+    }
+    if (kind == PictureKind::Svg) SizeInPixels(bytes, width, height);
+    return Picture{bytes.toStdString(), std::move(problems)};
+}
+
+}  // namespace paginox

@@ -1,0 +1,49 @@
+#pragma once
+
+// A format drawn the way thumbnails are (on white, with labels and pictures) onto any paint
+// device, a printer's included, or written as a PNG, SVG or PDF file.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "render/PageDraw.h"
+
+class QPaintDevice;
+
+namespace paginox {
+
+class PageFormat;
+
+struct PictureOptions {
+    bool Labels = true;
+    bool Pictures = true;
+    bool Interactive = false;  // drawn as the editor's preview: grey, shadow, margin frame
+};
+
+// Fills the device white (the preview grey when interactive) and draws the format on it, the
+// page as large as the device allows in the format's proportions. Returns what could not be
+// drawn.
+std::vector<DrawProblem> DrawFormatOn(QPaintDevice& device, int16_t pageNumCharts,
+                                      const PageFormat& format, const PictureOptions& options);
+
+enum class PictureKind { Png, Svg, Pdf };
+// The kind a file name's extension asks for, letter case ignored; none for any other.
+std::optional<PictureKind> PictureKindOf(const std::string& path);
+
+// The pixels per inch a PDF page takes: the format's own, 96 when it has none.
+int PdfResolution(const PageFormat& format);
+
+struct Picture {
+    std::string Bytes;                  // the file's contents
+    std::vector<DrawProblem> Problems;  // what could not be drawn
+};
+
+// The format drawn as a picture file of width x height pixels; a PDF page measures those
+// pixels at PdfResolution, so a printer format comes out at its paper size. Raises what the
+// drawing raises.
+Picture DrawPicture(PictureKind kind, int width, int height, int16_t pageNumCharts,
+                    const PageFormat& format, const PictureOptions& options);
+
+}  // namespace paginox
