@@ -7,6 +7,9 @@ namespace paginox {
 
 namespace {
 constexpr int32_t kMarkHalfSize = 2;
+// A one-pixel dark ring just outside each mark keeps it visible on grey outlines.
+constexpr int32_t kRingHalfSize = kMarkHalfSize + 1;
+constexpr int32_t kRingColour = Rgb(48, 48, 48);
 }
 
 const SelectionMarkSet::Mark& SelectionMarkSet::At(int16_t i) const {
@@ -51,6 +54,9 @@ void SelectionMarkSet::Draw(DrawingSurface& surface) const {
         surface.DrawBox(CheckedSub(m.X, kMarkHalfSize), CheckedSub(m.Y, kMarkHalfSize),
                         CheckedAdd(m.X, kMarkHalfSize), CheckedAdd(m.Y, kMarkHalfSize),
                         surface.ForeColor(), BoxFill::Solid);
+        surface.DrawBox(CheckedSub(m.X, kRingHalfSize), CheckedSub(m.Y, kRingHalfSize),
+                        CheckedAdd(m.X, kRingHalfSize), CheckedAdd(m.Y, kRingHalfSize), kRingColour,
+                        BoxFill::Outline);
     }
 }
 
