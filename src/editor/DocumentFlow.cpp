@@ -74,7 +74,9 @@ void DocumentFlow::OpenWorkFile() {
     state_.SelectedObject = 0;
     RememberDiskFile();
     state_.Page = ReadPage(state_.CurrentFile, -1, true);
-    if (!state_.Page) {
+    if (state_.Page) {
+        host_.FileUsed(state_.CurrentFile);
+    } else {
         state_.Page = std::make_shared<PageClass>();
         state_.Page->InitNewPage();
     }
@@ -99,6 +101,7 @@ bool DocumentFlow::Save() {
     state_.MarkSaved();
     RememberDiskFile();
     if (recovery_) recovery_->Discard();
+    host_.FileUsed(state_.CurrentFile);
     return true;
 }
 
@@ -134,13 +137,22 @@ void DocumentFlow::FileOpen() {
     if (cancel) return;
     std::string chosen = state_.CurrentFile;
     host_.ShowOpenDialog(chosen, cancel);
-    if (cancel) return;
+    if (!cancel) OpenChosen(chosen);
+}
+
+void DocumentFlow::FileOpenPath(const std::string& path) {
+    bool cancel = false;
+    SaveChangesPrompt(cancel);
+    if (!cancel) OpenChosen(path);
+}
+
+void DocumentFlow::OpenChosen(const std::string& path) {
     // The reader refuses a pipe or a device with its message, and the page open stays.
-    if (TypeOfFile(chosen) == FileType::Special) {
-        ReadPage(chosen, -1, true);
+    if (TypeOfFile(path) == FileType::Special) {
+        ReadPage(path, -1, true);
         return;
     }
-    state_.CurrentFile = chosen;
+    state_.CurrentFile = path;
     OpenWorkFile();
     host_.RefreshUI(true);
 }

@@ -32,6 +32,8 @@ class DocumentHost {
     virtual int ScreenLogPixels() = 0;
     // A new page or a loaded file replaced the page: the undo history no longer applies.
     virtual void PageReplaced() = 0;
+    // A page file was opened or saved under path: the recent files follow.
+    virtual void FileUsed(const std::string& path) { (void)path; }
 };
 
 class DocumentFlow {
@@ -60,6 +62,8 @@ class DocumentFlow {
     // The File menu commands and closing. Each command refreshes the window when it acted.
     void FileNew();
     void FileOpen();
+    // Open with the file already chosen (Open Recent, a file dropped on the window).
+    void FileOpenPath(const std::string& path);
     void FileSave();
     void FileSaveAs();
     // Runs when the program is closed: the save prompt, whose Cancel does not stop closing.
@@ -76,6 +80,7 @@ class DocumentFlow {
     void OfferRecoveredPages();
 
   private:
+    void OpenChosen(const std::string& path);
     // Says where unsaved changes were kept.
     void ReportKeptCopy(const std::string& path);
     void RememberDiskFile();

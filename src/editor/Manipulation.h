@@ -62,4 +62,12 @@ RectClass DraggedRect(const RectClass& rect, int16_t shape, int16_t dragMode, in
 // when nothing changed.
 bool CommitDrag(EditorState& state, EditStep& step, int16_t dragMode, float dx, float dy);
 
+// Moves the selected object by (dx, dy) pixels of the current format, kept on the page as a
+// move is; the keyboard's nudge. False when nothing moved.
+bool NudgeSelected(EditorState& state, EditStep& step, int32_t dx, int32_t dy);
+
+// The object after (or before) selected among count, wrapping round; the first (or last)
+// when none is selected, 0 when there are none.
+int16_t NeighbourObject(int16_t selected, int16_t count, bool forward);
+
 }  // namespace paginox

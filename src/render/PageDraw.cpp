@@ -18,7 +18,6 @@ namespace paginox {
 
 namespace {
 
-constexpr double kInteractiveShare = 0.9;  // of the surface the interactive page may take
 constexpr double kShadowShare = 0.02;      // of the surface's width the shadow is offset by
 
 // A triangle's name is not centred on the rectangle (whose centre lies on the slanted side)

@@ -54,8 +54,9 @@ struct DrawProblem {
 };
 
 // The page on a surface rectangle: the largest rectangle of the format's proportions
-// (YRatio, height over width) centred in the rectangle, shrunk to 0.9 of it when
-// interactive so that the shadow and dragging have room.
+// (YRatio, height over width) centred in the rectangle, shrunk to kInteractiveShare of it
+// when interactive so that the shadow and dragging have room.
+inline constexpr double kInteractiveShare = 0.9;
 RectClass PageRect(const RectClass& surfaceRect, const PageFormat& format, bool interactive);
 // The printable area: the page less the format's four margins.
 RectClass MarginRect(const RectClass& pageRect, const PageFormat& format);

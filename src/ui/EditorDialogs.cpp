@@ -2,6 +2,7 @@
 
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QRegularExpression>
 
 #include "editor/FileRoutines.h"
 #include "editor/QtText.h"
@@ -17,6 +18,11 @@ std::optional<std::string> RunFileDialog(QWidget* parent, const FileDialogSpec& 
     dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setDefaultSuffix(QString::fromStdString(request.DefaultSuffix));
+    // A name typed without extension takes the chosen filter's, where it names one.
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& f) {
+        QRegularExpressionMatch ext = QRegularExpression(R"(\*\.(\w+))").match(f);
+        if (ext.hasMatch()) dialog.setDefaultSuffix(ext.captured(1));
+    });
     if (!request.FileName.empty()) dialog.selectFile(FromPath(request.FileName));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return std::nullopt;

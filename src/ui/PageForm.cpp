@@ -13,6 +13,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -58,6 +59,7 @@ PageForm::PageForm(EditorState& state, EditorDialogs& dialogs, QWidget* parent)
     setObjectName("PageForm");
     setWindowTitle("Paginox");
     ShowPopup = [](QMenu& menu, const QPoint& pos) { menu.exec(pos); };
+    setAcceptDrops(true);  // a page file dropped on the window is opened
     BuildControls();
     BuildMenus();
     TwipsPerPixel tpp = ScreenTwipsPerPixel();
@@ -72,6 +74,11 @@ PageForm::PageForm(EditorState& state, EditorDialogs& dialogs, QWidget* parent)
 }
 
 void PageForm::Guard(const QString& what, const std::function<void()>& command) {
+    EndNudgeRun();  // any other command ends a run of arrow presses
+    RunGuarded(what, command);
+}
+
+void PageForm::RunGuarded(const QString& what, const std::function<void()>& command) {
     if (!RunCommand(state_, ToAnsi(what), command)) FollowRestoredPage();
 }
 
@@ -103,10 +110,16 @@ void PageForm::BuildControls() {
     auto* picture = new QFrame(central);
     picture->setObjectName("Picture1");
     picture->setFrameShape(QFrame::StyledPanel);
-    preview_ = new PreviewWidget(state_, picture);
+    scroll_ = new QScrollArea(picture);
+    scroll_->setObjectName("scrPreview");
+    scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setWidgetResizable(true);  // the page fits the window until zoomed
+    preview_ = new PreviewWidget(state_);
+    scroll_->setWidget(preview_);
+    scroll_->viewport()->installEventFilter(this);
     auto* pictureLayout = new QVBoxLayout(picture);
     pictureLayout->setContentsMargins(0, 0, 0, 0);
-    pictureLayout->addWidget(preview_);
+    pictureLayout->addWidget(scroll_);
 
     auto* side = new QWidget(central);
     side->setFixedWidth(kSidePanelWidth);
@@ -147,121 +160,32 @@ void PageForm::BuildControls() {
     drawNote_->setObjectName("lblDrawNote");
     drawNote_->setVisible(false);
     statusBar()->addWidget(drawNote_, 1);
-    connect(preview_, &PreviewWidget::drawNoteChanged, this, [this](const QString& note) {
-        drawNote_->setText(note);
-        drawNote_->setToolTip(note);
-        drawNote_->setVisible(!note.isEmpty());
-    });
+    auto readout = [this](const char* name, const QString& tip) {
+        auto* label = new QLabel(this);
+        label->setObjectName(name);
+        label->setToolTip(tip);
+        statusBar()->addWidget(label);
+        return label;
+    };
+    selectionReadout_ = readout("lblSelection",
+                                "The selected object: its top-left corner and size in pixels of "
+                                "the page size shown");
+    pointerReadout_ = readout("lblPointer",
+                              "The pointer in pixels of the page size shown, and as fractions of "
+                              "the printable area (as Anchor X and Y give positions)");
+    zoomReadout_ = readout("lblZoom", "Ctrl+wheel, Ctrl++ and Ctrl+- zoom; Ctrl+0 fits the page");
 
     connect(sizes_, &QListWidget::currentRowChanged, this,
-            [this](int row) { Guard("Showing the page size", [=] { SizeRowClicked(row); }); });
+            [this](int row) { Guard("Showing the page size", [=, this] { SizeRowClicked(row); }); });
     connect(description_, &QLineEdit::editingFinished, this,
             [this] { Guard("Changing the description", [this] { DescriptionEdited(); }); });
     connect(properties_, &PropertyPanel::objectChosen, this,
-            [this](int16_t index) { Guard("Choosing the object", [=] { ObjectChosen(index); }); });
+            [this](int16_t index) { Guard("Choosing the object", [=, this] { ObjectChosen(index); }); });
     connect(properties_, &PropertyPanel::propertyChanged, this,
             [this] { Guard("Showing the change", [this] { RefreshUI(true); }); });
     connect(properties_, &PropertyPanel::editColumnsRequested, this,
             [this] { Guard("Edit Columns", [this] { EditColumns(); }); });
-    connect(preview_, &PreviewWidget::pressed, this,
-            [this] { properties_->EditColumnsButton()->setEnabled(false); });
-    connect(preview_, &PreviewWidget::selectionMade, this,
-            [this] { Guard("Selecting the object", [this] { PreviewSelectionMade(); }); });
-    connect(preview_, &PreviewWidget::dragFinished, this, [this](int16_t mode, float dx, float dy) {
-        Guard("Moving the object", [=] { PreviewDragFinished(mode, dx, dy); });
-    });
-    connect(preview_, &PreviewWidget::popupRequested, this,
-            [this](const QPoint& pos) { PreviewPopup(pos); });
-}
-
-QAction* PageForm::AddAction(QMenu* menu, const char* name, const QString& text,
-                             std::function<void()> handler) {
-    QAction* action = menu->addAction(text);
-    action->setObjectName(name);
-    QString what = QString(text).remove('&').remove("...");
-    connect(action, &QAction::triggered, this,
-            [this, what, handler = std::move(handler)] { Guard(what, handler); });
-    return action;
-}
-
-void PageForm::BuildMenus() {
-    QMenu* file = menuBar()->addMenu("&File");
-    file->setObjectName("mnuFile");
-    AddAction(file, "mnuFileNew", "&New", [this] {
-        flow_.FileNew();
-    })->setShortcut(QKeySequence::New);
-    AddAction(file, "mnuFileOpen", "&Open...", [this] {
-        flow_.FileOpen();
-    })->setShortcut(QKeySequence::Open);
-    AddAction(file, "mnuFileSave", "&Save", [this] {
-        flow_.FileSave();
-    })->setShortcut(QKeySequence::Save);
-    AddAction(file, "mnuFileSaveAs", "Save &As...", [this] {
-        flow_.FileSaveAs();
-    })->setShortcut(QKeySequence::SaveAs);
-    file->addSeparator();
-    AddAction(file, "mnuTransXML", "&Translate to XML", [this] { TranslateToXml(); });
-    file->addSeparator();
-    AddAction(file, "mnuExit", "E&xit", [this] { close(); })->setShortcut(QKeySequence::Quit);
-
-    QMenu* edit = menuBar()->addMenu("&Edit");
-    edit->setObjectName("mnuEdit");
-    AddAction(edit, "mnuUndo", "&Undo", [this] {
-        UndoOrRedo(false);
-    })->setShortcut(QKeySequence::Undo);
-    AddAction(edit, "mnuRedo", "&Redo", [this] {
-        UndoOrRedo(true);
-    })->setShortcut(QKeySequence::Redo);
-    edit->addSeparator();
-    AddAction(edit, "mnuEditDesc", "Page &Description", [this] { description_->setFocus(); });
-
-    pageMenu_ = menuBar()->addMenu("&Page");
-    pageMenu_->setObjectName("mnuPage");
-    AddAction(pageMenu_, "mnuPageBrowser", "Page &Browser...", [this] { BrowsePages(); });
-    AddAction(pageMenu_, "mnuPageAddSize", "&Add Page Size...", [this] { AddPageSize(); });
-    AddAction(pageMenu_, "mnuPageDelSize", "&Delete Page Size", [this] { DeletePageSize(); });
-
-    objectMenu_ = menuBar()->addMenu("&Object");
-    objectMenu_->setObjectName("mnuObject");
-    AddAction(objectMenu_, "mnuObjectAdd", "&Add Object...", [this] {
-        AddObject();
-    })->setShortcut(Qt::CTRL | Qt::Key_I);
-    objectMenu_->addSeparator();
-    AddAction(objectMenu_, "mnuPopupCopy", "&Copy Object", [this] { CopyObject(); });
-    AddAction(objectMenu_, "mnuPopupDelete", "&Delete Object", [this] {
-        DeleteSelectedObject();
-    })->setShortcut(QKeySequence::Delete);
-    AddAction(objectMenu_, "mnuPopupEditFlexible", "Edit &Columns...", [this] { EditColumns(); });
-    AddAction(objectMenu_, "mnuPopupMoveToFront", "Move to &Front", [this] { MoveToFront(true); });
-    AddAction(objectMenu_, "mnuPopupMoveToBack", "Move to &Back", [this] { MoveToFront(false); });
-    AddAction(objectMenu_, "mnuPopupAlign", "A&lign...", [this] { AlignObject(); });
-    AddAction(objectMenu_, "mnuPopupPos", "&Position...", [this] { PositionObject(); });
-
-    QMenu* help = menuBar()->addMenu("&Help");
-    help->setObjectName("mnuHelp");
-    AddAction(help, "mnuHelpContents", "&Contents", [this] {
-        HelpContents();
-    })->setShortcut(QKeySequence::HelpContents);
-
-    debugMenu_ = menuBar()->addMenu("&Debug");
-    debugMenu_->setObjectName("mnuDebug");
-    AddAction(debugMenu_, "mnuDebugSummary", "Page &Summary", [this] { ShowPageSummary(); });
-    debugMenu_->menuAction()->setVisible(false);
-
-    connect(pageMenu_, &QMenu::aboutToShow, this, [this] { UpdateMenuState(); });
-    connect(objectMenu_, &QMenu::aboutToShow, this, [this] { UpdateMenuState(); });
-}
-
-void PageForm::UpdateMenuState() {
-    bool several = state_.Page && state_.Page->NumFormats() >= 2;
-    findChild<QAction*>("mnuPageDelSize")->setEnabled(several);
-    std::shared_ptr<PageObject> obj = state_.Selected();
-    for (const char* name : {"mnuPopupMoveToFront", "mnuPopupMoveToBack", "mnuPopupDelete",
-                             "mnuPopupCopy", "mnuPopupAlign", "mnuPopupPos"}) {
-        findChild<QAction*>(name)->setEnabled(obj != nullptr);
-    }
-    findChild<QAction*>("mnuPopupEditFlexible")
-        ->setEnabled(obj && obj->POClass().HasFlexibleListColumns());
+    ConnectPreview();
 }
 
 void PageForm::Load(const std::string& commandLine) {
@@ -332,7 +256,9 @@ void PageForm::SizeRowClicked(int row) {
 }
 
 void PageForm::RefreshUI(bool updateAll) {
+    SizePreview();
     preview_->Redraw();
+    ShowSelectionReadout();
     if (!updateAll) return;
     std::string file = Trim(state_.CurrentFile);
     setWindowTitle(QString("Paginox - ") +
@@ -434,7 +360,8 @@ int PageForm::ScreenLogPixels() {
 
 void PageForm::UpdateUndoMenus() {
     // The history's own order decides, not the property stacks alone.
-    if (auto* a = findChild<QAction*>("mnuUndo")) a->setEnabled(history_.CanUndo());
+    // A run of arrow presses still open is a step to undo as well.
+    if (auto* a = findChild<QAction*>("mnuUndo")) a->setEnabled(history_.CanUndo() || nudge_);
     if (auto* a = findChild<QAction*>("mnuRedo")) a->setEnabled(history_.CanRedo());
 }
 

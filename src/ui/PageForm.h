@@ -5,19 +5,27 @@
 // end with RefreshUI.
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 
 #include "editor/DocumentFlow.h"
+#include "editor/EditStep.h"
 #include "editor/EditorHistory.h"
+#include "editor/PreviewZoom.h"
 #include "editor/UndoManager.h"
+#include "ui/HelpWindow.h"
 
 class QAction;
 class QLabel;
 class QLineEdit;
 class QListWidget;
 class QMenu;
+class QPrinter;
+class QScrollArea;
 
 namespace paginox {
 
@@ -48,6 +56,11 @@ class PageForm : public QMainWindow, private DocumentHost {
     PreviewWidget* Preview() const { return preview_; }
     PropertyPanel* Properties() const { return properties_; }
     QListWidget* SizeList() const { return sizes_; }
+    QScrollArea* PreviewScroller() const { return scroll_; }
+    const PreviewZoom& Zoom() const { return zoom_; }
+    // Screen pixels per format pixel as the page is shown now.
+    double ShownZoom() const;
+    HelpWindow* Help() const { return help_; }
 
     // How the object pop-up menu is shown; tests replace it to see the menu without running it.
     std::function<void(QMenu& menu, const QPoint& globalPos)> ShowPopup;
@@ -69,6 +82,9 @@ class PageForm : public QMainWindow, private DocumentHost {
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     // DocumentHost
@@ -79,9 +95,13 @@ class PageForm : public QMainWindow, private DocumentHost {
     int ScreenHeight() override;
     int ScreenLogPixels() override;
     void PageReplaced() override;
+    void FileUsed(const std::string& path) override;
 
     void BuildControls();
     void BuildMenus();
+    void BuildFileMenu();
+    void BuildViewMenu();
+    void ConnectPreview();
     QAction* AddAction(QMenu* menu, const char* name, const QString& text,
                        std::function<void()> handler);
     void FinishPendingReset();
@@ -89,6 +109,20 @@ class PageForm : public QMainWindow, private DocumentHost {
     void FillSizeList();
     void UpdateUndoMenus();
     void FollowRestoredPage();
+    // Runs a command under the safety net without ending a run of arrow presses.
+    void RunGuarded(const QString& what, const std::function<void()>& command);
+
+    // The view: zoom (about a point of the preview, else the middle of the view), the
+    // preview's size for it, and the status bar's readouts.
+    void ZoomTo(const std::function<void()>& change, std::optional<QPointF> about);
+    std::optional<QPointF> PointerOnPreview() const;
+    void SizePreview();
+    void ShowZoom();
+    void ShowSelectionReadout();
+    // Arrow keys: one undo step for a run of presses, ended by a pause or anything else.
+    void Nudge(int dx, int dy);
+    void EndNudgeRun();
+    void SelectNeighbour(bool forward);
 
     // Events of the controls.
     void SizeRowClicked(int row);
@@ -113,6 +147,10 @@ class PageForm : public QMainWindow, private DocumentHost {
     void UndoOrRedo(bool redo);
     void HelpContents();
     void ShowPageSummary();
+    void FillRecentMenu();
+    void ExportFormat();
+    void PrintPage(bool preview);
+    void PrintOn(QPrinter& printer);
 
     EditorState& state_;
     EditorDialogs& dialogs_;
@@ -123,7 +161,17 @@ class PageForm : public QMainWindow, private DocumentHost {
     bool objectClickUpdate_ = true;
     bool shown_ = false;
 
+    PreviewZoom zoom_;
+    std::unique_ptr<EditStep> nudge_;
+    QTimer nudgeEnd_;
+    QPointer<HelpWindow> help_;
+
     PreviewWidget* preview_ = nullptr;
+    QScrollArea* scroll_ = nullptr;
+    QLabel* pointerReadout_ = nullptr;
+    QLabel* selectionReadout_ = nullptr;
+    QLabel* zoomReadout_ = nullptr;
+    QMenu* recentMenu_ = nullptr;
     QListWidget* sizes_ = nullptr;
     QLineEdit* description_ = nullptr;
     QLabel* numObjects_ = nullptr;

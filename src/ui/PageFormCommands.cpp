@@ -3,6 +3,7 @@
 // The main window's commands and the handlers of its controls' events.
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QLineEdit>
 #include <QListWidget>
@@ -31,6 +32,7 @@
 #include "persist/Folders.h"
 #include "persist/XMLOutPage.h"
 #include "ui/EditorDialogs.h"
+#include "ui/HelpWindow.h"
 #include "ui/InsertDialog.h"
 #include "ui/PageBrowser.h"
 #include "ui/PointListDialog.h"
@@ -56,6 +58,7 @@ void PageForm::ObjectChosen(int16_t index) {
     properties_->EditColumnsButton()->setEnabled(obj && obj->POClass().HasFlexibleListColumns());
     state_.PreviousSelectedObject = state_.SelectedObject;
     UpdateMenuState();
+    ShowSelectionReadout();
 }
 
 // A press on the preview chose SelectedObject: the selector follows, which redraws; when it
@@ -69,6 +72,7 @@ void PageForm::PreviewSelectionMade() {
         properties_->ShowSelectedObject();
     }
     state_.PreviousSelectedObject = state_.SelectedObject;
+    ShowSelectionReadout();
 }
 
 void PageForm::PreviewDragFinished(int16_t dragMode, float dx, float dy) {
@@ -264,16 +268,19 @@ void PageForm::HelpContents() {
         QDesktopServices::openUrl(QUrl::fromLocalFile(FromPath(helpFile)))) {
         return;
     }
-    ShowMessage(
-        ToAnsi(QString("Paginox edits the page layouts Veltrane shows and prints.\n\n"
-                       "Click an object on the preview to select it; drag it to move it, or drag "
-                       "one of its small grey handles to resize it. Escape abandons a drag. The "
-                       "right mouse button opens the object menu.\n\n"
-                       "Object > Add Object inserts a new object from the catalogue. The list on "
-                       "the right edits the settings of the selected object, or of the page when "
-                       "no object is selected; each change can be undone with Edit > Undo.\n\n"
-                       "The page sizes list switches between the page's formats.")),
-        "Paginox Help", MsgIcon::Information);
+    if (!help_) {
+        QString guide = HelpWindow::FindGuide(QCoreApplication::applicationDirPath());
+        if (guide.isEmpty()) {
+            ShowMessage("The user guide is not installed: it is user-guide.html in "
+                        "share/paginox/guide of the installation.",
+                        "Paginox Help", MsgIcon::Exclamation);
+            return;
+        }
+        help_ = new HelpWindow(guide, this);
+    }
+    help_->show();
+    help_->raise();
+    help_->activateWindow();
 }
 
 void PageForm::ShowPageSummary() {

@@ -1,6 +1,8 @@
 #include "ui/PreviewWidget.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QWheelEvent>
 #include <QPainter>
 
 #include "core/Rounding.h"
@@ -42,21 +44,33 @@ Qt::CursorShape CursorFor(int16_t pointer) {
 PreviewWidget::PreviewWidget(EditorState& state, QWidget* parent) : QWidget(parent), state_(state) {
     setObjectName("Preview");
     setMouseTracking(true);
-    setFocusPolicy(Qt::ClickFocus);
+    setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(200, 150);
 }
 
+QRect PreviewWidget::InView() const {
+    QWidget* viewport = parentWidget();
+    if (!viewport) return rect();
+    return rect() & QRect(-pos(), viewport->size());
+}
+
 void PreviewWidget::Redraw() {
     qreal ratio = devicePixelRatioF();
-    QPixmap pixmap(size() * ratio);
+    QRect shown = InView();
+    QPixmap pixmap(shown.size() * ratio);
     pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(QColor(192, 192, 192));
     std::string note;
     bool marksShown = false;
-    if (state_.Page && state_.CurrentFormat) {
+    if (state_.Page && state_.CurrentFormat && !shown.isEmpty()) {
         try {
-            QtSurface surface(pixmap);
+            // Drawn on the whole widget's scale, of which the pixmap keeps the part in view.
+            QPainter painter(&pixmap);
+            painter.translate(-shown.topLeft());
+            RectClass scale;
+            scale.InitTo(0, 0, width(), height());
+            QtSurface surface(painter, scale);
             PreviewDrawing drawing =
                 RefreshPreview(surface, state_.Page->NumCharts(), state_.CurrentFormat.get(), true,
                                state_.SelectedObject, state_.Rects, state_.SelectionMarks);
@@ -69,6 +83,7 @@ void PreviewWidget::Redraw() {
             note = std::string("The page cannot be drawn: ") + e.what();
         }
     }
+    pageOrigin_ = shown.topLeft();
     page_ = pixmap;
     state_.MarksShown = marksShown;
     if (!marksShown && !mouseIsDown_) dragMode_ = kDragNone;
@@ -88,7 +103,11 @@ void PreviewWidget::DrawMarksDirectly() {
     }
     state_.SelectionMarks.PlaceFor(state_.Rects.Object(state_.SelectedObject),
                                    obj->POClass().Shape());
-    QtSurface surface(page_);
+    QPainter painter(&page_);
+    painter.translate(-pageOrigin_);
+    RectClass scale;
+    scale.InitTo(0, 0, width(), height());
+    QtSurface surface(painter, scale);
     surface.SetForeColor(kMarkColour);
     state_.SelectionMarks.Draw(surface);
     state_.MarksShown = true;
@@ -115,7 +134,7 @@ void PreviewWidget::SetPointer(int16_t pointer) {
 
 void PreviewWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.drawPixmap(0, 0, page_);
+    painter.drawPixmap(pageOrigin_, page_);
     if (!outline_) return;
     RectClass scale;
     scale.InitTo(0, 0, width(), height());
@@ -131,7 +150,60 @@ void PreviewWidget::resizeEvent(QResizeEvent*) {
     Redraw();
 }
 
+bool PreviewWidget::event(QEvent* event) {
+    // Tab steps through the objects here instead of moving the focus on.
+    if (event->type() == QEvent::KeyPress) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) {
+            emit neighbourRequested(key->key() == Qt::Key_Tab);
+            return true;
+        }
+    }
+    return QWidget::event(event);
+}
+
+void PreviewWidget::keyPressEvent(QKeyEvent* event) {
+    int step = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
+    int dx = 0;
+    int dy = 0;
+    switch (event->key()) {
+        case Qt::Key_Left: dx = -step; break;
+        case Qt::Key_Right: dx = step; break;
+        case Qt::Key_Up: dy = -step; break;
+        case Qt::Key_Down: dy = step; break;
+        default: break;
+    }
+    // Without a selection the arrows go on to the scroll area, which scrolls.
+    if ((dx || dy) && state_.Selected() && !mouseIsDown_) {
+        emit nudgeRequested(dx, dy);
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void PreviewWidget::wheelEvent(QWheelEvent* event) {
+    if (!(event->modifiers() & Qt::ControlModifier) || event->angleDelta().y() == 0) {
+        event->ignore();  // the scroll area scrolls
+        return;
+    }
+    emit zoomRequested(event->angleDelta().y() > 0, event->position());
+}
+
+void PreviewWidget::leaveEvent(QEvent*) {
+    emit pointerMoved(QPointF(-1, -1));
+}
+
+void PreviewWidget::focusOutEvent(QFocusEvent* event) {
+    emit focusLost();
+    QWidget::focusOutEvent(event);
+}
+
 void PreviewWidget::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::MiddleButton) {
+        panFrom_ = event->globalPosition().toPoint();
+        setCursor(Qt::ClosedHandCursor);
+        return;
+    }
     float x = static_cast<float>(event->position().x());
     float y = static_cast<float>(event->position().y());
     bool right = event->button() == Qt::RightButton;
@@ -165,6 +237,13 @@ void PreviewWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 void PreviewWidget::mouseMoveEvent(QMouseEvent* event) {
+    emit pointerMoved(event->position());
+    if (panFrom_) {
+        QPoint now = event->globalPosition().toPoint();
+        emit panRequested(*panFrom_ - now);
+        panFrom_ = now;
+        return;
+    }
     std::shared_ptr<PageObject> obj = state_.Selected();
     if (!obj) return;
     float x = static_cast<float>(event->position().x());
@@ -185,6 +264,11 @@ void PreviewWidget::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PreviewWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::MiddleButton && panFrom_) {
+        panFrom_.reset();
+        SetPointer(kPointerDefault);
+        return;
+    }
     if (event->button() != Qt::LeftButton || state_.SelectedObject < 1 || !mouseIsDown_) {
         if (event->button() == Qt::LeftButton) EndDrag();
         return;

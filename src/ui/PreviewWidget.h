@@ -2,7 +2,8 @@
 
 // The preview picture box: the current format drawn once into a pixmap, with the drag
 // outline painted over it while an object is moved or resized. It turns mouse events into
-// selections and reports a finished drag; the window makes the change.
+// selections and reports a finished drag; the window makes the change. Zoomed, it is larger
+// than the window and scrolled: only the part in view is drawn.
 
 #include <QPixmap>
 #include <QWidget>
@@ -30,8 +31,10 @@ class PreviewWidget : public QWidget {
 
     int16_t DragMode() const { return dragMode_; }
     bool MouseIsDown() const { return mouseIsDown_; }
-    // The drawn page, as the user sees it without the drag outline.
+    // The drawn page, as the user sees it without the drag outline: the part in view, whose
+    // top-left corner is PixmapOrigin() of the widget.
     const QPixmap& PagePixmap() const { return page_; }
+    QPoint PixmapOrigin() const { return pageOrigin_; }
     // What the last drawing could not show, for the status bar; empty when all was drawn.
     const QString& DrawNote() const { return drawNote_; }
 
@@ -46,9 +49,25 @@ class PreviewWidget : public QWidget {
     void dragFinished(int16_t dragMode, float dx, float dy);
     // The last drawing left a different note (DrawNote).
     void drawNoteChanged(const QString& note);
+    // The pointer moved to pos (off the widget: (-1, -1)).
+    void pointerMoved(const QPointF& pos);
+    // Ctrl+wheel: one step in or out, about pos.
+    void zoomRequested(bool in, const QPointF& pos);
+    // A drag with the middle button: the view should move by delta (screen pixels).
+    void panRequested(const QPoint& delta);
+    // Arrow keys: the selected object is to move by (dx, dy) format pixels.
+    void nudgeRequested(int dx, int dy);
+    // Tab and Shift+Tab: the next or previous object is to be selected.
+    void neighbourRequested(bool forward);
+    void focusLost();
 
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -57,9 +76,13 @@ class PreviewWidget : public QWidget {
   private:
     void SetPointer(int16_t pointer);
     void EndDrag();
+    // The part of the widget in view of its scroll area (the whole widget without one).
+    QRect InView() const;
 
     EditorState& state_;
     QPixmap page_;
+    QPoint pageOrigin_;
+    std::optional<QPoint> panFrom_;  // global, while the middle button drags
     QString drawNote_;
     int16_t dragMode_ = 0;
     float downX_ = 0;

@@ -138,7 +138,7 @@ TEST_F(BrowserTest, ShowsThumbnailsOpensAndRenamesThroughThePrompt) {
     QTRY_VERIFY_WITH_TIMEOUT(browser.findChild<QLabel*>("lblProgress")->text().isEmpty(), 10000);
     EXPECT_TRUE(messages.shown.empty());
 
-    browser.Ask = [](const QString& title, const QString& prompt, const QString& proposal) {
+    browser.Ask = [](const QString& title, const QString&, const QString& proposal) {
         EXPECT_EQ(title, "Rename Page");
         EXPECT_EQ(proposal, "Poster");
         return std::optional<QString>("Wall Poster");

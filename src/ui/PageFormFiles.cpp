@@ -1,0 +1,162 @@
+#include "ui/PageForm.h"
+
+// The main window's files beyond open and save: the recent pages, pages dropped on the window,
+// and the current page size exported as a picture or printed.
+
+#include <QAction>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMimeData>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QStatusBar>
+#include <QUrl>
+
+#include "core/AnsiText.h"
+#include "core/MessageService.h"
+#include "core/RuntimeError.h"
+#include "editor/EditorState.h"
+#include "editor/QtText.h"
+#include "editor/RecentFiles.h"
+#include "model/PageClass.h"
+#include "model/PageFormat.h"
+#include "persist/AtomicSave.h"
+#include "render/PageExport.h"
+#include "ui/EditorDialogs.h"
+
+namespace paginox {
+
+namespace {
+
+constexpr int kNoteMs = 8000;
+constexpr const char* kExportFilter =
+    "PNG Image (*.png)|*.png|SVG Drawing (*.svg)|*.svg|PDF Document (*.pdf)|*.pdf";
+
+// The first local page file among the dropped URLs.
+QString DroppedPage(const QMimeData* data) {
+    if (!data || !data->hasUrls()) return QString();
+    for (const QUrl& url : data->urls()) {
+        QFileInfo file(url.toLocalFile());
+        if (url.isLocalFile() && file.suffix().compare("pag", Qt::CaseInsensitive) == 0) {
+            return file.filePath();
+        }
+    }
+    return QString();
+}
+
+}  // namespace
+
+void PageForm::FillRecentMenu() {
+    recentMenu_->clear();
+    RecentFiles recent = RecentFiles::Load();
+    std::vector<std::string> dropped = recent.DropMissing();
+    if (!dropped.empty()) {
+        QStringList names;
+        for (const std::string& path : dropped) names << QFileInfo(FromPath(path)).fileName();
+        statusBar()->showMessage("No longer there, so left out of Open Recent: " +
+                                     names.join(", "),
+                                 kNoteMs);
+    }
+    int number = 0;
+    for (const std::string& path : recent.Files()) {
+        QString name = QFileInfo(FromPath(path)).completeBaseName();
+        QAction* action = recentMenu_->addAction(QString("&%1 %2").arg(++number).arg(name));
+        action->setToolTip(FromPath(path));
+        action->setStatusTip(FromPath(path));
+        connect(action, &QAction::triggered, this,
+                [this, path] { Guard("Open Recent", [=, this] { flow_.FileOpenPath(path); }); });
+    }
+    if (recent.Files().empty()) recentMenu_->addAction("No recent pages")->setEnabled(false);
+    recentMenu_->addSeparator();
+    QAction* clear = recentMenu_->addAction("&Clear Recent");
+    clear->setObjectName("mnuFileRecentClear");
+    clear->setEnabled(!recent.Files().empty());
+    connect(clear, &QAction::triggered, this, [] { RecentFiles::Load().Clear(); });
+}
+
+void PageForm::FileUsed(const std::string& path) {
+    RecentFiles::Load().Add(path);
+}
+
+void PageForm::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DroppedPage(event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void PageForm::dropEvent(QDropEvent* event) {
+    QString page = DroppedPage(event->mimeData());
+    if (page.isEmpty()) return;
+    event->acceptProposedAction();
+    // After the drop has finished, so that the save question is not asked inside it.
+    QMetaObject::invokeMethod(
+        this,
+        [this, page] {
+            Guard("Opening the dropped page", [=, this] { flow_.FileOpenPath(ToPath(page)); });
+        },
+        Qt::QueuedConnection);
+}
+
+void PageForm::ExportFormat() {
+    const PageFormat* format = state_.CurrentFormat.get();
+    if (!state_.Page || !format) return;
+    if (format->XPixels() < 1 || format->YPixels() < 1) {
+        ShowMessage("This page size cannot be exported (it is " +
+                        std::to_string(format->XPixels()) + " x " +
+                        std::to_string(format->YPixels()) + " pixels).",
+                    "Export", MsgIcon::Exclamation);
+        return;
+    }
+    QFileInfo page(FromPath(state_.CurrentFile));
+    std::string proposal = state_.CurrentFile.empty()
+                               ? std::string("Page.png")
+                               : ToPath(page.completeBaseName() + ".png");
+    FileDialogSpec request{"Export Page Size", kExportFilter, "png",
+                           state_.CurrentFile.empty() ? "" : ToPath(page.absolutePath()),
+                           proposal};
+    std::optional<std::string> chosen = dialogs_.SaveFile(this, request);
+    if (!chosen) return;
+    std::optional<PictureKind> kind = PictureKindOf(*chosen);
+    if (!kind) {
+        ShowMessage("Give the file the extension of the picture wanted: .png, .svg or .pdf.",
+                    "Export", MsgIcon::Exclamation);
+        return;
+    }
+    Picture picture = DrawPicture(*kind, format->XPixels(), format->YPixels(),
+                                  state_.Page->NumCharts(), *format, PictureOptions{});
+    try {
+        SaveFileAtomically(*chosen, picture.Bytes);
+    } catch (const RuntimeError& e) {
+        ShowMessage("Error whilst writing " + Utf8ToCp1252(*chosen) + ": " + e.Description(),
+                    "Export", MsgIcon::Exclamation);
+        return;
+    }
+    statusBar()->showMessage("Exported to " + FromPath(*chosen), kNoteMs);
+}
+
+void PageForm::PrintOn(QPrinter& printer) {
+    if (state_.Page && state_.CurrentFormat) {
+        DrawFormatOn(printer, state_.Page->NumCharts(), *state_.CurrentFormat, PictureOptions{});
+    }
+}
+
+void PageForm::PrintPage(bool preview) {
+    const PageFormat* format = state_.CurrentFormat.get();
+    if (!state_.Page || !format) return;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(windowTitle());
+    printer.setPageOrientation(format->XPixels() > format->YPixels() ? QPageLayout::Landscape
+                                                                     : QPageLayout::Portrait);
+    if (preview) {
+        QPrintPreviewDialog dialog(&printer, this);
+        connect(&dialog, &QPrintPreviewDialog::paintRequested, this,
+                [this](QPrinter* p) { PrintOn(*p); });
+        dialog.exec();
+        return;
+    }
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() == QDialog::Accepted) PrintOn(printer);
+}
+
+}  // namespace paginox
