@@ -6,6 +6,7 @@
 #include "editor/ObjectCommands.h"
 #include "editor/PropertyRows.h"
 #include "model/PageFormat.h"
+#include "model/PageObject.h"
 
 namespace paginox {
 
@@ -45,18 +46,24 @@ std::string PointerReadout(const EditorState& state, float x, float y) {
 }
 
 std::string SelectionReadout(const EditorState& state) {
-    if (!state.Selected()) return "";
+    std::shared_ptr<PageObject> obj = state.Selected();
+    if (!obj) return "";
     std::string caption = ObjectCaption(state, state.SelectedObject);
-    PageScale scale = ScaleOf(state);
-    int16_t k = state.SelectedObject;
-    if (!scale.Usable() || k > state.Rects.ObjectCount() || !state.Rects.IsPlaced(k)) {
-        return caption;
+    const PageFormat* format = state.CurrentFormat.get();
+    if (!format) return caption;
+    // From the model, not the drawing, so that a nudge of one pixel shows as one.
+    double size[2] = {double(format->XPixels()), double(format->YPixels())};
+    std::string corner, extent;
+    for (int16_t axis = 1; axis <= 2; ++axis) {
+        double before = format->Margin(axis, 1);
+        double area = size[axis - 1] * (1.0 - before - format->Margin(axis, 2));
+        double start = size[axis - 1] * before + area * obj->Origin(axis);
+        double length = area * obj->Length(axis);
+        if (!std::isfinite(start) || !std::isfinite(length)) return caption;
+        corner += (axis == 1 ? "" : ", ") + Pixels(start);
+        extent += (axis == 1 ? "" : " x ") + Pixels(length);
     }
-    const RectClass& r = state.Rects.Object(k);
-    const RectClass& page = state.Rects.Page;
-    return caption + ": " + Pixels((r.Left() - page.Left()) * scale.X) + ", " +
-           Pixels((r.Top() - page.Top()) * scale.Y) + " px, " + Pixels(r.Width() * scale.X) +
-           " x " + Pixels(r.Height() * scale.Y) + " px";
+    return caption + ": " + corner + " px, " + extent + " px";
 }
 
 }  // namespace paginox

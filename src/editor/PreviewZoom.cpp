@@ -12,8 +12,8 @@ namespace paginox {
 namespace {
 
 // The percentages Zoom In and Zoom Out step through, as in most editors.
-constexpr double kLadder[] = {0.1, 0.25, 0.33, 0.5, 0.67, 0.75, 1.0, 1.25,
-                              1.5, 2.0,  3.0,  4.0, 6.0,  8.0};
+constexpr double kLadder[] = {0.1,  0.25, 0.33, 0.5, 0.67, 0.75, 1.0,
+                              1.25, 1.5,  2.0,  3.0, 4.0,  6.0,  8.0};
 // A factor this close to a step counts as on it.
 constexpr double kSameStep = 1.02;
 
@@ -47,8 +47,7 @@ SurfaceSize PreviewZoom::Surface(const PageFormat& format, SurfaceSize window) c
     if (fits_ || format.XPixels() <= 0) return window;
     double width = format.XPixels() * factor_;
     double height = format.YRatio() > 0 ? width * format.YRatio() : format.YPixels() * factor_;
-    return SurfaceSize{std::max(window.Width, SurfaceSide(width)),
-                       std::max(window.Height, SurfaceSide(height))};
+    return SurfaceSize{SurfaceSide(width), SurfaceSide(height)};
 }
 
 double ShownFactor(const PageFormat& format, SurfaceSize surface) {

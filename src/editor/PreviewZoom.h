@@ -31,7 +31,7 @@ class PreviewZoom {
     void StepOut(double shown);
 
     // The surface for the format in a window of that size: the window's own size when fitting,
-    // else large enough for the page at the factor, and never smaller than the window.
+    // else the size that shows the page at the factor (the window centres a smaller one).
     SurfaceSize Surface(const PageFormat& format, SurfaceSize window) const;
 
   private:

@@ -116,7 +116,12 @@ void PageForm::BuildControls() {
     scroll_->setWidgetResizable(true);  // the page fits the window until zoomed
     preview_ = new PreviewWidget(state_);
     scroll_->setWidget(preview_);
-    scroll_->viewport()->installEventFilter(this);
+    // A page zoomed smaller than the window sits in the middle of the preview's grey.
+    scroll_->setAlignment(Qt::AlignCenter);
+    QPalette grey = scroll_->viewport()->palette();
+    grey.setColor(QPalette::Window, QColor(192, 192, 192));
+    scroll_->viewport()->setPalette(grey);
+    scroll_->viewport()->setAutoFillBackground(true);
     auto* pictureLayout = new QVBoxLayout(picture);
     pictureLayout->setContentsMargins(0, 0, 0, 0);
     pictureLayout->addWidget(scroll_);
@@ -160,27 +165,37 @@ void PageForm::BuildControls() {
     drawNote_->setObjectName("lblDrawNote");
     drawNote_->setVisible(false);
     statusBar()->addWidget(drawNote_, 1);
-    auto readout = [this](const char* name, const QString& tip) {
+    auto readout = [this](const char* name, const QString& tip, bool permanent) {
         auto* label = new QLabel(this);
         label->setObjectName(name);
         label->setToolTip(tip);
-        statusBar()->addWidget(label);
+        label->setContentsMargins(8, 0, 8, 0);
+        if (permanent) {
+            statusBar()->addPermanentWidget(label);
+        } else {
+            statusBar()->addWidget(label);
+        }
         return label;
     };
     selectionReadout_ = readout("lblSelection",
                                 "The selected object: its top-left corner and size in pixels of "
-                                "the page size shown");
+                                "the page size shown",
+                                false);
     pointerReadout_ = readout("lblPointer",
                               "The pointer in pixels of the page size shown, and as fractions of "
-                              "the printable area (as Anchor X and Y give positions)");
-    zoomReadout_ = readout("lblZoom", "Ctrl+wheel, Ctrl++ and Ctrl+- zoom; Ctrl+0 fits the page");
+                              "the printable area (as Anchor X and Y give positions)",
+                              true);
+    zoomReadout_ =
+        readout("lblZoom", "Ctrl+wheel, Ctrl++ and Ctrl+- zoom; Ctrl+0 fits the page", true);
 
-    connect(sizes_, &QListWidget::currentRowChanged, this,
-            [this](int row) { Guard("Showing the page size", [=, this] { SizeRowClicked(row); }); });
+    connect(sizes_, &QListWidget::currentRowChanged, this, [this](int row) {
+        Guard("Showing the page size", [=, this] { SizeRowClicked(row); });
+    });
     connect(description_, &QLineEdit::editingFinished, this,
             [this] { Guard("Changing the description", [this] { DescriptionEdited(); }); });
-    connect(properties_, &PropertyPanel::objectChosen, this,
-            [this](int16_t index) { Guard("Choosing the object", [=, this] { ObjectChosen(index); }); });
+    connect(properties_, &PropertyPanel::objectChosen, this, [this](int16_t index) {
+        Guard("Choosing the object", [=, this] { ObjectChosen(index); });
+    });
     connect(properties_, &PropertyPanel::propertyChanged, this,
             [this] { Guard("Showing the change", [this] { RefreshUI(true); }); });
     connect(properties_, &PropertyPanel::editColumnsRequested, this,

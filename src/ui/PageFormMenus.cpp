@@ -14,6 +14,17 @@
 
 namespace paginox {
 
+namespace {
+
+// The platform's keys for a standard command, or the usual ones where it has none (a bare
+// X11 desktop has none for Save As, for one).
+QList<QKeySequence> StandardKeys(QKeySequence::StandardKey key, const QKeySequence& usual) {
+    QList<QKeySequence> keys = QKeySequence::keyBindings(key);
+    return keys.isEmpty() ? QList<QKeySequence>{usual} : keys;
+}
+
+}  // namespace
+
 QAction* PageForm::AddAction(QMenu* menu, const char* name, const QString& text,
                              std::function<void()> handler) {
     QAction* action = menu->addAction(text);
@@ -29,30 +40,32 @@ void PageForm::BuildFileMenu() {
     file->setObjectName("mnuFile");
     AddAction(file, "mnuFileNew", "&New", [this] {
         flow_.FileNew();
-    })->setShortcut(QKeySequence::New);
+    })->setShortcuts(StandardKeys(QKeySequence::New, Qt::CTRL | Qt::Key_N));
     AddAction(file, "mnuFileOpen", "&Open...", [this] {
         flow_.FileOpen();
-    })->setShortcut(QKeySequence::Open);
+    })->setShortcuts(StandardKeys(QKeySequence::Open, Qt::CTRL | Qt::Key_O));
     recentMenu_ = file->addMenu("Open &Recent");
     recentMenu_->setObjectName("mnuFileRecent");
     connect(recentMenu_, &QMenu::aboutToShow, this, [this] { FillRecentMenu(); });
     AddAction(file, "mnuFileSave", "&Save", [this] {
         flow_.FileSave();
-    })->setShortcut(QKeySequence::Save);
+    })->setShortcuts(StandardKeys(QKeySequence::Save, Qt::CTRL | Qt::Key_S));
     AddAction(file, "mnuFileSaveAs", "Save &As...", [this] {
         flow_.FileSaveAs();
-    })->setShortcut(QKeySequence::SaveAs);
+    })->setShortcuts(StandardKeys(QKeySequence::SaveAs, Qt::CTRL | Qt::SHIFT | Qt::Key_S));
     file->addSeparator();
     AddAction(file, "mnuFileExport", "&Export...", [this] {
         ExportFormat();
     })->setShortcut(Qt::CTRL | Qt::Key_E);
     AddAction(file, "mnuFilePrint", "&Print...", [this] {
         PrintPage(false);
-    })->setShortcut(QKeySequence::Print);
+    })->setShortcuts(StandardKeys(QKeySequence::Print, Qt::CTRL | Qt::Key_P));
     AddAction(file, "mnuFilePrintPreview", "Print Pre&view...", [this] { PrintPage(true); });
     AddAction(file, "mnuTransXML", "&Translate to XML", [this] { TranslateToXml(); });
     file->addSeparator();
-    AddAction(file, "mnuExit", "E&xit", [this] { close(); })->setShortcut(QKeySequence::Quit);
+    AddAction(file, "mnuExit", "E&xit", [this] {
+        close();
+    })->setShortcuts(StandardKeys(QKeySequence::Quit, Qt::CTRL | Qt::Key_Q));
 }
 
 void PageForm::BuildViewMenu() {
@@ -65,14 +78,20 @@ void PageForm::BuildViewMenu() {
         })->setShortcuts(keys);
     };
     // Ctrl+= as well, for keyboards where + needs Shift.
-    zoomAction("mnuViewZoomIn", "Zoom &In", {QKeySequence::ZoomIn, Qt::CTRL | Qt::Key_Equal},
-               [this] { zoom_.StepIn(ShownZoom()); }, true);
-    zoomAction("mnuViewZoomOut", "Zoom &Out", {QKeySequence::ZoomOut},
-               [this] { zoom_.StepOut(ShownZoom()); }, true);
+    QList<QKeySequence> zoomIn = StandardKeys(QKeySequence::ZoomIn, Qt::CTRL | Qt::Key_Plus);
+    zoomIn << QKeySequence(Qt::CTRL | Qt::Key_Equal);  // where + needs Shift
+    zoomAction(
+        "mnuViewZoomIn", "Zoom &In", zoomIn, [this] { zoom_.StepIn(ShownZoom()); }, true);
+    zoomAction(
+        "mnuViewZoomOut", "Zoom &Out",
+        StandardKeys(QKeySequence::ZoomOut, Qt::CTRL | Qt::Key_Minus),
+        [this] { zoom_.StepOut(ShownZoom()); }, true);
     view->addSeparator();
-    zoomAction("mnuViewFit", "&Fit Page", {Qt::CTRL | Qt::Key_0}, [this] { zoom_.Fit(); }, false);
-    zoomAction("mnuViewActual", "&Actual Size", {Qt::CTRL | Qt::Key_1},
-               [this] { zoom_.SetFactor(1.0); }, true);
+    zoomAction(
+        "mnuViewFit", "&Fit Page", {Qt::CTRL | Qt::Key_0}, [this] { zoom_.Fit(); }, false);
+    zoomAction(
+        "mnuViewActual", "&Actual Size", {Qt::CTRL | Qt::Key_1}, [this] { zoom_.SetFactor(1.0); },
+        true);
 }
 
 void PageForm::BuildMenus() {
@@ -82,10 +101,10 @@ void PageForm::BuildMenus() {
     edit->setObjectName("mnuEdit");
     AddAction(edit, "mnuUndo", "&Undo", [this] {
         UndoOrRedo(false);
-    })->setShortcut(QKeySequence::Undo);
+    })->setShortcuts(StandardKeys(QKeySequence::Undo, Qt::CTRL | Qt::Key_Z));
     AddAction(edit, "mnuRedo", "&Redo", [this] {
         UndoOrRedo(true);
-    })->setShortcut(QKeySequence::Redo);
+    })->setShortcuts(StandardKeys(QKeySequence::Redo, Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
     edit->addSeparator();
     AddAction(edit, "mnuEditDesc", "Page &Description", [this] { description_->setFocus(); });
 
@@ -106,7 +125,7 @@ void PageForm::BuildMenus() {
     AddAction(objectMenu_, "mnuPopupCopy", "&Copy Object", [this] { CopyObject(); });
     AddAction(objectMenu_, "mnuPopupDelete", "&Delete Object", [this] {
         DeleteSelectedObject();
-    })->setShortcut(QKeySequence::Delete);
+    })->setShortcuts(StandardKeys(QKeySequence::Delete, Qt::Key_Delete));
     AddAction(objectMenu_, "mnuPopupEditFlexible", "Edit &Columns...", [this] { EditColumns(); });
     AddAction(objectMenu_, "mnuPopupMoveToFront", "Move to &Front", [this] { MoveToFront(true); });
     AddAction(objectMenu_, "mnuPopupMoveToBack", "Move to &Back", [this] { MoveToFront(false); });
@@ -117,7 +136,7 @@ void PageForm::BuildMenus() {
     help->setObjectName("mnuHelp");
     AddAction(help, "mnuHelpContents", "&Contents", [this] {
         HelpContents();
-    })->setShortcut(QKeySequence::HelpContents);
+    })->setShortcuts(StandardKeys(QKeySequence::HelpContents, Qt::Key_F1));
 
     debugMenu_ = menuBar()->addMenu("&Debug");
     debugMenu_->setObjectName("mnuDebug");

@@ -51,13 +51,11 @@ void PageForm::ConnectPreview() {
         drawNote_->setVisible(!note.isEmpty());
     });
     connect(preview_, &PreviewWidget::pointerMoved, this, [this](const QPointF& pos) {
-        pointerReadout_->setText(
-            FromAnsi(PointerReadout(state_, float(pos.x()), float(pos.y()))));
+        pointerReadout_->setText(FromAnsi(PointerReadout(state_, float(pos.x()), float(pos.y()))));
     });
     connect(preview_, &PreviewWidget::zoomRequested, this, [this](bool in, const QPointF& pos) {
         Guard("Zoom", [=, this] {
-            ZoomTo([=, this] { in ? zoom_.StepIn(ShownZoom()) : zoom_.StepOut(ShownZoom()); },
-                   pos);
+            ZoomTo([=, this] { in ? zoom_.StepIn(ShownZoom()) : zoom_.StepOut(ShownZoom()); }, pos);
         });
     });
     connect(preview_, &PreviewWidget::panRequested, this, [this](const QPoint& delta) {
@@ -152,10 +150,6 @@ void PageForm::SelectNeighbour(bool forward) {
 }
 
 bool PageForm::eventFilter(QObject* watched, QEvent* event) {
-    // A zoomed preview still covers the whole view when the window grows.
-    if (watched == scroll_->viewport() && event->type() == QEvent::Resize && !zoom_.Fits()) {
-        SizePreview();
-    }
     if (watched == preview_ && event->type() == QEvent::Resize) ShowZoom();
     return QMainWindow::eventFilter(watched, event);
 }
