@@ -75,8 +75,8 @@ int main(int argc, char** argv) {
          50},
         {"browser's first screen, warm", "BrowserFirstScreenWarm", "PlainListFirstScreen", 1, "ms",
          1e3, 0, 300},
-        {"browser: 1,000 thumbnails, cold", "BrowserThumbnailsCold", "CacheThumbnailsCold", 1,
-         "ms", 1e3, 0, 3000},
+        {"browser: 1,000 thumbnails, cold", "BrowserThumbnailsCold", "CacheThumbnailsCold", 1, "ms",
+         1e3, 0, 3000},
     };
     // Wall-clock times include the disk's share of the file work, processor times leave out
     // whatever else the machine was doing; on a shared machine the load average says which to

@@ -174,7 +174,8 @@ bool NudgeSelected(EditorState& state, EditStep& step, int32_t dx, int32_t dy) {
     for (int16_t axis = 1; axis <= 2; ++axis) {
         if (!(area[axis - 1] > 0)) return false;
         landed.SetLength(axis, obj->Length(axis));
-        landed.SetOrigin(axis, static_cast<float>(obj->Origin(axis) + by[axis - 1] / area[axis - 1]));
+        landed.SetOrigin(axis,
+                         static_cast<float>(obj->Origin(axis) + by[axis - 1] / area[axis - 1]));
     }
     landed.ForceInsideFrame();
     int16_t f = state.CurrentFormatIndex;

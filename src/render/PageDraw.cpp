@@ -18,7 +18,7 @@ namespace paginox {
 
 namespace {
 
-constexpr double kShadowShare = 0.02;      // of the surface's width the shadow is offset by
+constexpr double kShadowShare = 0.02;  // of the surface's width the shadow is offset by
 
 // A triangle's name is not centred on the rectangle (whose centre lies on the slanted side)
 // but starts just inside the inner outline, where the triangle is widest at that height.

@@ -44,10 +44,8 @@ void SizeInPixels(QByteArray& svg, int width, int height) {
     qsizetype start = svg.indexOf("<svg width=\"");
     qsizetype end = svg.indexOf("viewBox=", start);
     if (start < 0 || end < 0) return;
-    QByteArray size = QString::fromLatin1("<svg width=\"%1\" height=\"%2\"\n ")
-                          .arg(width)
-                          .arg(height)
-                          .toLatin1();
+    QByteArray size =
+        QString::fromLatin1("<svg width=\"%1\" height=\"%2\"\n ").arg(width).arg(height).toLatin1();
     svg.replace(start, end - start, size);
 }
 
@@ -71,8 +69,8 @@ std::vector<DrawProblem> DrawFormatOn(QPaintDevice& device, int16_t pageNumChart
     surface.SetBackColor(options.Interactive ? kPreviewBackColour : Rgb(255, 255, 255));
     surface.Clear();
     PreviewRects rects;
-    return DrawFormat(surface, nullptr, pageNumCharts, format, options.Labels,
-                      options.Interactive, options.Pictures, &rects);
+    return DrawFormat(surface, nullptr, pageNumCharts, format, options.Labels, options.Interactive,
+                      options.Pictures, &rects);
 }
 
 std::optional<PictureKind> PictureKindOf(const std::string& path) {

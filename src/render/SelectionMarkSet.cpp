@@ -10,7 +10,7 @@ constexpr int32_t kMarkHalfSize = 2;
 // A one-pixel dark ring just outside each mark keeps it visible on grey outlines.
 constexpr int32_t kRingHalfSize = kMarkHalfSize + 1;
 constexpr int32_t kRingColour = Rgb(48, 48, 48);
-}
+}  // namespace
 
 const SelectionMarkSet::Mark& SelectionMarkSet::At(int16_t i) const {
     CheckIndex(i, 1, Count());

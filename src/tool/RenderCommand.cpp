@@ -28,7 +28,8 @@ namespace {
 
 constexpr int kMaxImageSide = 16384;
 const char* kRenderUsage =
-    "render takes PAGE -o OUT.png|OUT.svg|OUT.pdf [--format K] [--size WxH|N] [--interactive] [--no-labels] "
+    "render takes PAGE -o OUT.png|OUT.svg|OUT.pdf [--format K] [--size WxH|N] [--interactive] "
+    "[--no-labels] "
     "[--no-pictures]";
 
 struct RenderRequest {

@@ -271,9 +271,10 @@ void PageForm::HelpContents() {
     if (!help_) {
         QString guide = HelpWindow::FindGuide(QCoreApplication::applicationDirPath());
         if (guide.isEmpty()) {
-            ShowMessage("The user guide is not installed: it is user-guide.html in "
-                        "share/paginox/guide of the installation.",
-                        "Paginox Help", MsgIcon::Exclamation);
+            ShowMessage(
+                "The user guide is not installed: it is user-guide.html in "
+                "share/paginox/guide of the installation.",
+                "Paginox Help", MsgIcon::Exclamation);
             return;
         }
         help_ = new HelpWindow(guide, this);

@@ -56,8 +56,7 @@ void PageForm::FillRecentMenu() {
     if (!dropped.empty()) {
         QStringList names;
         for (const std::string& path : dropped) names << QFileInfo(FromPath(path)).fileName();
-        statusBar()->showMessage("No longer there, so left out of Open Recent: " +
-                                     names.join(", "),
+        statusBar()->showMessage("No longer there, so left out of Open Recent: " + names.join(", "),
                                  kNoteMs);
     }
     int number = 0;
@@ -109,12 +108,10 @@ void PageForm::ExportFormat() {
         return;
     }
     QFileInfo page(FromPath(state_.CurrentFile));
-    std::string proposal = state_.CurrentFile.empty()
-                               ? std::string("Page.png")
-                               : ToPath(page.completeBaseName() + ".png");
+    std::string proposal = state_.CurrentFile.empty() ? std::string("Page.png")
+                                                      : ToPath(page.completeBaseName() + ".png");
     FileDialogSpec request{"Export Page Size", kExportFilter, "png",
-                           state_.CurrentFile.empty() ? "" : ToPath(page.absolutePath()),
-                           proposal};
+                           state_.CurrentFile.empty() ? "" : ToPath(page.absolutePath()), proposal};
     std::optional<std::string> chosen = dialogs_.SaveFile(this, request);
     if (!chosen) return;
     std::optional<PictureKind> kind = PictureKindOf(*chosen);

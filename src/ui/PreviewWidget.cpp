@@ -2,8 +2,8 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QWheelEvent>
 #include <QPainter>
+#include <QWheelEvent>
 
 #include "core/Rounding.h"
 #include "editor/EditorState.h"
@@ -167,11 +167,20 @@ void PreviewWidget::keyPressEvent(QKeyEvent* event) {
     int dx = 0;
     int dy = 0;
     switch (event->key()) {
-        case Qt::Key_Left: dx = -step; break;
-        case Qt::Key_Right: dx = step; break;
-        case Qt::Key_Up: dy = -step; break;
-        case Qt::Key_Down: dy = step; break;
-        default: break;
+        case Qt::Key_Left:
+            dx = -step;
+            break;
+        case Qt::Key_Right:
+            dx = step;
+            break;
+        case Qt::Key_Up:
+            dy = -step;
+            break;
+        case Qt::Key_Down:
+            dy = step;
+            break;
+        default:
+            break;
     }
     // Without a selection the arrows go on to the scroll area, which scrolls.
     if ((dx || dy) && state_.Selected() && !mouseIsDown_) {
