@@ -5,9 +5,33 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QImageReader>
+#include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <cstdio>
 #include <cstdlib>
+
+// Screenshots are shown no wider than the help window, in their proportions.
+constexpr int kMaxPictureWidth = 760;
+
+void FitPictures(QTextDocument& document, const QString& folder) {
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            QTextFragment fragment = it.fragment();
+            QTextImageFormat picture = fragment.charFormat().toImageFormat();
+            if (!picture.isValid()) continue;
+            QSize size = QImageReader(folder + "/" + picture.name()).size();
+            if (size.width() <= kMaxPictureWidth) continue;
+            picture.setWidth(kMaxPictureWidth);
+            picture.setHeight(double(size.height()) * kMaxPictureWidth / size.width());
+            QTextCursor cursor(&document);
+            cursor.setPosition(fragment.position());
+            cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+            cursor.setCharFormat(picture);
+        }
+    }
+}
 
 int main(int argc, char** argv) {
     if (argc != 3) {
@@ -24,6 +48,7 @@ int main(int argc, char** argv) {
     }
     QTextDocument document;
     document.setMarkdown(QString::fromUtf8(in.readAll()));
+    FitPictures(document, QFileInfo(in).absolutePath());
     document.setMetaInformation(QTextDocument::DocumentTitle, "Paginox User Guide");
     QFile out(QString::fromLocal8Bit(argv[2]));
     if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate) ||

@@ -63,7 +63,7 @@ std::string SelectionReadout(const EditorState& state) {
         corner += (axis == 1 ? "" : ", ") + Pixels(start);
         extent += (axis == 1 ? "" : " x ") + Pixels(length);
     }
-    return caption + ": " + corner + " px, " + extent + " px";
+    return caption + " at " + corner + " px, " + extent + " px";
 }
 
 }  // namespace paginox

@@ -13,7 +13,7 @@ class EditorState;
 // fractions of the printable area a position has in the property list. Empty off the page.
 std::string PointerReadout(const EditorState& state, float x, float y);
 
-// "Object 2: Point List: 120, 80 px, 300 x 200 px": the selected object's caption, its
+// "Object 2: Point List at 120, 80 px, 300 x 200 px": the selected object's caption, its
 // top-left corner and its size (Anchor and Size) in format pixels. Empty with nothing selected.
 std::string SelectionReadout(const EditorState& state);
 

@@ -28,7 +28,7 @@ QString Readout(test::PageFormFixture& fx, const char* name) {
 
 // Format pixels of object k's top-left corner, as the selection readout shows them.
 QString Corner(test::PageFormFixture& fx) {
-    return Readout(fx, "lblSelection").section(": ", 2).section(" px", 0, 0);
+    return Readout(fx, "lblSelection").section(" at ", 1).section(" px", 0, 0);
 }
 
 }  // namespace
@@ -144,4 +144,28 @@ TEST(View, ExportWritesTheFormatAtItsOwnSizeAndHelpShowsTheGuide) {
     EXPECT_TRUE(fx.form->Help()->isVisible());
     EXPECT_TRUE(fx.form->Help()->Browser()->toPlainText().contains("Page Browser"));
     EXPECT_TRUE(fx.messages.shown.empty());
+}
+
+TEST(View, UnderADarkPaletteTheChromeFollowsAndThePageStaysWhite) {
+    const QPalette saved = QApplication::palette();
+    QPalette dark;
+    for (auto [role, colour] : {std::pair{QPalette::Window, QColor(45, 45, 48)},
+                                {QPalette::Base, QColor(30, 30, 30)},
+                                {QPalette::Button, QColor(60, 60, 64)},
+                                {QPalette::WindowText, QColor(230, 230, 230)},
+                                {QPalette::Text, QColor(230, 230, 230)},
+                                {QPalette::ButtonText, QColor(230, 230, 230)}}) {
+        dark.setColor(role, colour);
+    }
+    QApplication::setPalette(dark);
+    {
+        test::PageFormFixture fx;
+        QImage window = fx.form->grab().toImage();
+        EXPECT_EQ(window.pixelColor(fx.form->width() - 3, fx.form->height() / 2),
+                  QColor(45, 45, 48));
+        const RectClass& page = fx.state.Rects.Page;
+        QPoint corner = fx.Preview()->mapTo(fx.form.get(), QPoint(page.Left() + 2, page.Top() + 2));
+        EXPECT_EQ(window.pixelColor(corner), QColor(Qt::white));
+    }
+    QApplication::setPalette(saved);
 }
