@@ -161,11 +161,12 @@ TEST(View, UnderADarkPaletteTheChromeFollowsAndThePageStaysWhite) {
     {
         test::PageFormFixture fx;
         QImage window = fx.form->grab().toImage();
-        EXPECT_EQ(window.pixelColor(fx.form->width() - 3, fx.form->height() / 2),
-                  QColor(45, 45, 48));
+        const double ratio = window.devicePixelRatio();
+        auto at = [&](QPoint p) { return window.pixelColor((QPointF(p) * ratio).toPoint()); };
+        EXPECT_EQ(at({fx.form->width() - 3, fx.form->height() / 2}), QColor(45, 45, 48));
         const RectClass& page = fx.state.Rects.Page;
-        QPoint corner = fx.Preview()->mapTo(fx.form.get(), QPoint(page.Left() + 2, page.Top() + 2));
-        EXPECT_EQ(window.pixelColor(corner), QColor(Qt::white));
+        EXPECT_EQ(at(fx.Preview()->mapTo(fx.form.get(), QPoint(page.Left() + 2, page.Top() + 2))),
+                  QColor(Qt::white));
     }
     QApplication::setPalette(saved);
 }
