@@ -381,6 +381,7 @@ void PageForm::UpdateUndoMenus() {
 }
 
 void PageForm::PageReplaced() {
+    zoom_.Fit();  // every page opens fitted to the window
     history_.Clear();
     state_.Rects = PreviewRects{};
     state_.SelectionMarks.Clear();
