@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QPageLayout>
 #include <QPageSize>
+#include <QPainter>
 #include <QPdfWriter>
 #include <QSvgGenerator>
 #include <algorithm>
@@ -66,6 +67,25 @@ std::vector<DrawProblem> DrawToPdf(QBuffer& out, int width, int height, int16_t 
 std::vector<DrawProblem> DrawFormatOn(QPaintDevice& device, int16_t pageNumCharts,
                                       const PageFormat& format, const PictureOptions& options) {
     QtSurface surface(device);
+    surface.SetBackColor(options.Interactive ? kPreviewBackColour : Rgb(255, 255, 255));
+    surface.Clear();
+    PreviewRects rects;
+    return DrawFormat(surface, nullptr, pageNumCharts, format, options.Labels, options.Interactive,
+                      options.Pictures, &rects);
+}
+
+std::vector<DrawProblem> DrawFormatScaled(QPaintDevice& device, int16_t pageNumCharts,
+                                          const PageFormat& format, const PictureOptions& options) {
+    if (format.XPixels() < 1 || format.YPixels() < 1) return {};
+    QPainter painter(&device);
+    const double scale = std::min(double(device.width()) / format.XPixels(),
+                                  double(device.height()) / format.YPixels());
+    painter.translate((device.width() - format.XPixels() * scale) / 2,
+                      (device.height() - format.YPixels() * scale) / 2);
+    painter.scale(scale, scale);
+    RectClass own;
+    own.InitTo(0, 0, format.XPixels(), format.YPixels());
+    QtSurface surface(painter, own);
     surface.SetBackColor(options.Interactive ? kPreviewBackColour : Rgb(255, 255, 255));
     surface.Clear();
     PreviewRects rects;

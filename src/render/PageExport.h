@@ -28,6 +28,11 @@ struct PictureOptions {
 std::vector<DrawProblem> DrawFormatOn(QPaintDevice& device, int16_t pageNumCharts,
                                       const PageFormat& format, const PictureOptions& options);
 
+// The same drawing at the format's own pixel size, scaled to fit the device and centred on it:
+// on paper, lines and text keep their share of the page instead of shrinking to printer dots.
+std::vector<DrawProblem> DrawFormatScaled(QPaintDevice& device, int16_t pageNumCharts,
+                                          const PageFormat& format, const PictureOptions& options);
+
 enum class PictureKind { Png, Svg, Pdf };
 // The kind a file name's extension asks for, letter case ignored; none for any other.
 std::optional<PictureKind> PictureKindOf(const std::string& path);

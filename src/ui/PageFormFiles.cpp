@@ -134,7 +134,8 @@ void PageForm::ExportFormat() {
 
 void PageForm::PrintOn(QPrinter& printer) {
     if (state_.Page && state_.CurrentFormat) {
-        DrawFormatOn(printer, state_.Page->NumCharts(), *state_.CurrentFormat, PictureOptions{});
+        DrawFormatScaled(printer, state_.Page->NumCharts(), *state_.CurrentFormat,
+                         PictureOptions{});
     }
 }
 
