@@ -21,6 +21,15 @@ namespace {
 
 constexpr int kDefaultResolution = 96;
 
+std::vector<DrawProblem> ClearAndDraw(QtSurface& surface, int16_t numCharts,
+                                      const PageFormat& format, const PictureOptions& options) {
+    surface.SetBackColor(options.Interactive ? kPreviewBackColour : Rgb(255, 255, 255));
+    surface.Clear();
+    PreviewRects rects;
+    return DrawFormat(surface, nullptr, numCharts, format, options.Labels, options.Interactive,
+                      options.Pictures, &rects);
+}
+
 std::vector<DrawProblem> DrawToImage(QBuffer& out, int width, int height, int16_t numCharts,
                                      const PageFormat& format, const PictureOptions& options) {
     QImage image(width, height, QImage::Format_RGB32);
@@ -67,11 +76,7 @@ std::vector<DrawProblem> DrawToPdf(QBuffer& out, int width, int height, int16_t 
 std::vector<DrawProblem> DrawFormatOn(QPaintDevice& device, int16_t pageNumCharts,
                                       const PageFormat& format, const PictureOptions& options) {
     QtSurface surface(device);
-    surface.SetBackColor(options.Interactive ? kPreviewBackColour : Rgb(255, 255, 255));
-    surface.Clear();
-    PreviewRects rects;
-    return DrawFormat(surface, nullptr, pageNumCharts, format, options.Labels, options.Interactive,
-                      options.Pictures, &rects);
+    return ClearAndDraw(surface, pageNumCharts, format, options);
 }
 
 std::vector<DrawProblem> DrawFormatScaled(QPaintDevice& device, int16_t pageNumCharts,
@@ -86,11 +91,7 @@ std::vector<DrawProblem> DrawFormatScaled(QPaintDevice& device, int16_t pageNumC
     RectClass own;
     own.InitTo(0, 0, format.XPixels(), format.YPixels());
     QtSurface surface(painter, own);
-    surface.SetBackColor(options.Interactive ? kPreviewBackColour : Rgb(255, 255, 255));
-    surface.Clear();
-    PreviewRects rects;
-    return DrawFormat(surface, nullptr, pageNumCharts, format, options.Labels, options.Interactive,
-                      options.Pictures, &rects);
+    return ClearAndDraw(surface, pageNumCharts, format, options);
 }
 
 std::optional<PictureKind> PictureKindOf(const std::string& path) {
