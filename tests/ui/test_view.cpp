@@ -68,6 +68,15 @@ TEST(View, ZoomKeepsHitTestsAndDragsExact) {
     EXPECT_NEAR(double(now.x() - fx.state.Rects.Page.Left()) / fx.state.Rects.Page.Width(), u,
                 2.0 / fx.state.Rects.Page.Width());
 
+    // Dragging with the middle button pans the view by as much as the pointer moved.
+    QScrollBar* across = scroll->horizontalScrollBar();
+    across->setValue(across->maximum() / 2);
+    const int panned = across->value();
+    QTest::mousePress(fx.Preview(), Qt::MiddleButton, {}, at);
+    QTest::mouseMove(fx.Preview(), at - QPoint(30, 0));
+    QTest::mouseRelease(fx.Preview(), Qt::MiddleButton, {}, at - QPoint(30, 0));
+    EXPECT_EQ(across->value(), panned + 30);
+
     fx.Trigger("mnuViewFit");
     EXPECT_NEAR(fx.form->ShownZoom(), fit, 0.001);
     EXPECT_EQ(scroll->horizontalScrollBar()->maximum(), 0);
