@@ -31,7 +31,9 @@ struct KeyHash {
 
 const TextRunCache::Run& TextRunCache::Get(const QFont& font, double pixelRatio,
                                            const std::string& ansi) {
-    static std::unordered_map<Key, Run, KeyHash> runs;
+    // One cache per thread: a laid-out run holds font engines of the thread that made it, and
+    // thumbnails are drawn on a worker while the window draws the preview.
+    thread_local std::unordered_map<Key, Run, KeyHash> runs;
     // Surfaces vary their font by size only; the family completes the key all the same.
     Key key{font.pixelSize(), font.family(), pixelRatio, ansi};
     auto found = runs.find(key);

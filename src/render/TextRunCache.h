@@ -17,7 +17,7 @@ class TextRunCache {
     };
 
     // The run of a Windows-1252 text in font at a device pixel ratio. Kept for the life of the
-    // process; the cache is emptied when it grows past a few hundred runs.
+    // thread that asked; its cache is emptied when it grows past a thousand runs.
     static const Run& Get(const QFont& font, double pixelRatio, const std::string& ansi);
 };
 

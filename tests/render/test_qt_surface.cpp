@@ -2,6 +2,9 @@
 
 #include <QImage>
 #include <QPainter>
+#include <string>
+#include <thread>
+#include <vector>
 
 #include "render/QtSurface.h"
 #include "support/GuiApplication.h"
@@ -111,4 +114,25 @@ TEST(QtSurface, OnePixelLinesAndBoxesCoverTheirPixelsAtEitherRatio) {
         p.end();
         EXPECT_EQ(drawn, expected) << "at ratio " << ratio;
     }
+}
+
+// The page browser draws thumbnails on a worker while the window draws the preview: text on
+// two threads at once must give both the same picture, and never crash.
+TEST(QtSurface, TextDrawnOnTwoThreadsAtOnceComesOutTheSame) {
+    auto draw = [](int i) {
+        QImage image = Blank(160, 40);
+        QtSurface s(image);
+        s.SetCurrentX(2), s.SetCurrentY(2);
+        s.Print("Aspect Grid " + std::to_string(i % 50));
+        return image;
+    };
+    std::vector<QImage> expected;
+    for (int i = 0; i < 50; ++i) expected.push_back(draw(i));
+    int differing = 0;
+    std::thread worker([&] {
+        for (int i = 0; i < 2000; ++i) differing += draw(i) != expected[i % 50];
+    });
+    for (int i = 0; i < 2000; ++i) EXPECT_EQ(draw(i), expected[i % 50]) << i;
+    worker.join();
+    EXPECT_EQ(differing, 0);
 }
