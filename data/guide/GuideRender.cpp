@@ -1,36 +1,38 @@
 // Turns the user guide from Markdown into the HTML the help window shows and the installation
-// keeps, at build time:
+// keeps, at build time, with its pictures scaled beside it:
 //   paginox-guide-render GUIDE.md OUT.html
 
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QImageReader>
+#include <QImage>
 #include <QTextBlock>
-#include <QTextCursor>
 #include <QTextDocument>
 #include <cstdio>
 #include <cstdlib>
 
-// Screenshots are shown no wider than the help window, in their proportions.
+// Screenshots are shown no wider than the help window. They are scaled here, smoothly, into
+// the guide's folder: the help window scales pictures by dropping pixels, which loses lines.
 constexpr int kMaxPictureWidth = 760;
 
-void FitPictures(QTextDocument& document, const QString& folder) {
+bool FitPictures(const QTextDocument& document, const QString& from, const QString& to) {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         for (auto it = block.begin(); !it.atEnd(); ++it) {
-            QTextFragment fragment = it.fragment();
-            QTextImageFormat picture = fragment.charFormat().toImageFormat();
+            QTextImageFormat picture = it.fragment().charFormat().toImageFormat();
             if (!picture.isValid()) continue;
-            QSize size = QImageReader(folder + "/" + picture.name()).size();
-            if (size.width() <= kMaxPictureWidth) continue;
-            picture.setWidth(kMaxPictureWidth);
-            picture.setHeight(double(size.height()) * kMaxPictureWidth / size.width());
-            QTextCursor cursor(&document);
-            cursor.setPosition(fragment.position());
-            cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
-            cursor.setCharFormat(picture);
+            QImage image(from + "/" + picture.name());
+            if (image.isNull()) {
+                std::fprintf(stderr, "paginox-guide-render: cannot read %s\n",
+                             qPrintable(picture.name()));
+                return false;
+            }
+            if (image.width() <= kMaxPictureWidth) continue;
+            image = image.scaledToWidth(kMaxPictureWidth, Qt::SmoothTransformation);
+            int quality = picture.name().endsWith(".jpg") ? 92 : -1;
+            if (!image.save(to + "/" + picture.name(), nullptr, quality)) return false;
         }
     }
+    return true;
 }
 
 int main(int argc, char** argv) {
@@ -48,7 +50,8 @@ int main(int argc, char** argv) {
     }
     QTextDocument document;
     document.setMarkdown(QString::fromUtf8(in.readAll()));
-    FitPictures(document, QFileInfo(in).absolutePath());
+    const QString folder = QFileInfo(QString::fromLocal8Bit(argv[2])).absolutePath();
+    if (!FitPictures(document, QFileInfo(in).absolutePath(), folder)) return 1;
     document.setMetaInformation(QTextDocument::DocumentTitle, "Paginox User Guide");
     QFile out(QString::fromLocal8Bit(argv[2]));
     if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate) ||

@@ -44,7 +44,7 @@ std::vector<DrawProblem> DrawToSvg(QBuffer& out, int width, int height, int16_t 
     svg.setOutputDevice(&out);
     svg.setSize(QSize(width, height));
     svg.setViewBox(QRect(0, 0, width, height));
-    svg.setTitle(QString::fromLatin1("Page"));
+    svg.setTitle(QString::fromStdString(options.Title));
     return DrawFormatOn(svg, numCharts, format, options);
 }
 
@@ -68,6 +68,7 @@ std::vector<DrawProblem> DrawToPdf(QBuffer& out, int width, int height, int16_t 
                               QString(), QPageSize::ExactMatch));
     pdf.setPageMargins(QMarginsF(0, 0, 0, 0));
     pdf.setCreator(QString::fromLatin1("Paginox"));
+    pdf.setTitle(QString::fromStdString(options.Title));
     return DrawFormatOn(pdf, numCharts, format, options);
 }
 

@@ -20,6 +20,7 @@ struct PictureOptions {
     bool Labels = true;
     bool Pictures = true;
     bool Interactive = false;  // drawn as the editor's preview: grey, shadow, margin frame
+    std::string Title;         // UTF-8, what an SVG or PDF file calls itself
 };
 
 // Fills the device white (the preview grey when interactive) and draws the format on it, the

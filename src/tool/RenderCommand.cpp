@@ -121,7 +121,8 @@ int CommandRender(const ToolOptions& options, std::ostream&) {
     Picture picture;
     try {
         picture = DrawPicture(*PictureKindOf(r.out), width, height, page->NumCharts(), format,
-                              PictureOptions{r.labels, r.pictures, r.interactive});
+                              PictureOptions{r.labels, r.pictures, r.interactive,
+                                             std::filesystem::path(r.page).stem().string()});
     } catch (const RuntimeError& e) {
         return ReportPageError(r.page, e);
     }

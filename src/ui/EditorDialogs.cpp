@@ -1,6 +1,7 @@
 #include "ui/EditorDialogs.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QRegularExpression>
 
@@ -23,7 +24,19 @@ std::optional<std::string> RunFileDialog(QWidget* parent, const FileDialogSpec& 
         QRegularExpressionMatch ext = QRegularExpression(R"(\*\.(\w+))").match(f);
         if (ext.hasMatch()) dialog.setDefaultSuffix(ext.captured(1));
     });
-    if (!request.FileName.empty()) dialog.selectFile(FromPath(request.FileName));
+    if (!request.FileName.empty()) {
+        // The filter of the proposed name's kind, where the list has one.
+        QString suffix = QFileInfo(FromPath(request.FileName)).suffix();
+        for (const QString& filter : dialog.nameFilters()) {
+            if (!suffix.isEmpty() && filter.contains("*." + suffix, Qt::CaseInsensitive)) {
+                dialog.selectNameFilter(filter);
+                dialog.setDefaultSuffix(suffix);
+                break;
+            }
+        }
+        dialog.selectFile(FromPath(request.FileName));
+    }
+    dialog.resize(dialog.sizeHint().expandedTo(QSize(880, 560)));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return std::nullopt;
     }

@@ -185,6 +185,9 @@ void PageForm::BuildControls() {
                               "The pointer in pixels of the page size shown, and as fractions of "
                               "the printable area (as Anchor X and Y give positions)",
                               true);
+    // As wide as a long reading, so that the labels beside it stay put as the pointer moves.
+    pointerReadout_->setMinimumWidth(
+        pointerReadout_->fontMetrics().horizontalAdvance("00000, 00000 px (0.0000, 0.0000)") + 16);
     zoomReadout_ =
         readout("lblZoom", "Ctrl+wheel, Ctrl++ and Ctrl+- zoom; Ctrl+0 fits the page", true);
 
@@ -274,6 +277,7 @@ void PageForm::RefreshUI(bool updateAll) {
     SizePreview();
     preview_->Redraw();
     ShowSelectionReadout();
+    ShowZoom();  // a fitted page's figure changes with the page and its size
     if (!updateAll) return;
     std::string file = Trim(state_.CurrentFile);
     setWindowTitle(QString("Paginox - ") +

@@ -119,6 +119,8 @@ class PageForm : public QMainWindow, private DocumentHost {
     void SizePreview();
     void ShowZoom();
     void ShowSelectionReadout();
+    // The pointer's place on the preview (off it: (-1, -1)).
+    void ShowPointer(const QPointF& onPreview);
     // Arrow keys: one undo step for a run of presses, ended by a pause or anything else.
     void Nudge(int dx, int dy);
     void EndNudgeRun();
@@ -148,6 +150,7 @@ class PageForm : public QMainWindow, private DocumentHost {
     void HelpContents();
     void ShowPageSummary();
     void FillRecentMenu();
+    void OpenRecent(const std::string& path);
     void ExportFormat();
     void PrintPage(bool preview);
     void PrintOn(QPrinter& printer);
@@ -165,6 +168,7 @@ class PageForm : public QMainWindow, private DocumentHost {
     std::unique_ptr<EditStep> nudge_;
     QTimer nudgeEnd_;
     QPointer<HelpWindow> help_;
+    std::string lastExport_;  // this run's last exported file, where the next is proposed
 
     PreviewWidget* preview_ = nullptr;
     QScrollArea* scroll_ = nullptr;

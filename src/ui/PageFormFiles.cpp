@@ -24,6 +24,7 @@
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
 #include "persist/AtomicSave.h"
+#include "persist/BinaryFile.h"
 #include "render/PageExport.h"
 #include "ui/EditorDialogs.h"
 
@@ -66,7 +67,7 @@ void PageForm::FillRecentMenu() {
         action->setToolTip(FromPath(path));
         action->setStatusTip(FromPath(path));
         connect(action, &QAction::triggered, this,
-                [this, path] { Guard("Open Recent", [=, this] { flow_.FileOpenPath(path); }); });
+                [this, path] { Guard("Open Recent", [=, this] { OpenRecent(path); }); });
     }
     if (recent.Files().empty()) recentMenu_->addAction("No recent pages")->setEnabled(false);
     recentMenu_->addSeparator();
@@ -74,6 +75,18 @@ void PageForm::FillRecentMenu() {
     clear->setObjectName("mnuFileRecentClear");
     clear->setEnabled(!recent.Files().empty());
     connect(clear, &QAction::triggered, this, [] { RecentFiles::Load().Clear(); });
+}
+
+void PageForm::OpenRecent(const std::string& path) {
+    if (!FileExists(path)) {
+        // Gone since the menu was filled: said, and taken off the list, rather than opened empty.
+        RecentFiles::Load().DropMissing();
+        ShowMessage(
+            Utf8ToCp1252(path) + " is no longer there, so it has been taken off Open Recent.",
+            "Open Recent", MsgIcon::Exclamation);
+        return;
+    }
+    flow_.FileOpenPath(path);
 }
 
 void PageForm::FileUsed(const std::string& path) {
@@ -107,21 +120,34 @@ void PageForm::ExportFormat() {
                     "Export", MsgIcon::Exclamation);
         return;
     }
-    QFileInfo page(FromPath(state_.CurrentFile));
-    std::string proposal = state_.CurrentFile.empty() ? std::string("Page.png")
-                                                      : ToPath(page.completeBaseName() + ".png");
-    FileDialogSpec request{"Export Page Size", kExportFilter, "png",
-                           state_.CurrentFile.empty() ? "" : ToPath(page.absolutePath()), proposal};
-    std::optional<std::string> chosen = dialogs_.SaveFile(this, request);
-    if (!chosen) return;
-    std::optional<PictureKind> kind = PictureKindOf(*chosen);
-    if (!kind) {
-        ShowMessage("Give the file the extension of the picture wanted: .png, .svg or .pdf.",
-                    "Export", MsgIcon::Exclamation);
-        return;
+    // Proposed beside the last export, in its kind; the first time beside the page.
+    QString name = state_.CurrentFile.empty()
+                       ? QString("Page")
+                       : QFileInfo(FromPath(state_.CurrentFile)).completeBaseName();
+    QFileInfo last(FromPath(lastExport_));
+    QString folder = !lastExport_.empty() ? last.absolutePath()
+                     : state_.CurrentFile.empty()
+                         ? QString()
+                         : QFileInfo(FromPath(state_.CurrentFile)).absolutePath();
+    QString suffix = lastExport_.empty() ? QString("png") : last.suffix();
+    FileDialogSpec request{"Export Page Size", kExportFilter, ToPath(suffix), ToPath(folder),
+                           ToPath(name + "." + suffix)};
+    std::optional<PictureKind> kind;
+    std::optional<std::string> chosen;
+    while (!kind) {
+        chosen = dialogs_.SaveFile(this, request);
+        if (!chosen) return;
+        kind = PictureKindOf(*chosen);
+        if (!kind) {
+            ShowMessage("Give the file the extension of the picture wanted: .png, .svg or .pdf.",
+                        "Export", MsgIcon::Exclamation);
+            request.FileName = *chosen;
+        }
     }
+    PictureOptions options;
+    options.Title = ToPath(name);
     Picture picture = DrawPicture(*kind, format->XPixels(), format->YPixels(),
-                                  state_.Page->NumCharts(), *format, PictureOptions{});
+                                  state_.Page->NumCharts(), *format, options);
     try {
         SaveFileAtomically(*chosen, picture.Bytes);
     } catch (const RuntimeError& e) {
@@ -129,6 +155,7 @@ void PageForm::ExportFormat() {
                     "Export", MsgIcon::Exclamation);
         return;
     }
+    lastExport_ = *chosen;
     statusBar()->showMessage("Exported to " + FromPath(*chosen), kNoteMs);
 }
 
@@ -143,7 +170,10 @@ void PageForm::PrintPage(bool preview) {
     const PageFormat* format = state_.CurrentFormat.get();
     if (!state_.Page || !format) return;
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(windowTitle());
+    // The name a print to file proposes and a PDF calls itself.
+    printer.setDocName(state_.CurrentFile.empty()
+                           ? QString("New Page")
+                           : QFileInfo(FromPath(state_.CurrentFile)).completeBaseName());
     printer.setPageOrientation(format->XPixels() > format->YPixels() ? QPageLayout::Landscape
                                                                      : QPageLayout::Portrait);
     if (preview) {

@@ -74,6 +74,8 @@ void PageForm::ConnectPreview() {
     preview_->installEventFilter(this);
     for (QScrollBar* bar : {scroll_->horizontalScrollBar(), scroll_->verticalScrollBar()}) {
         connect(bar, &QScrollBar::valueChanged, preview_, &PreviewWidget::Redraw);
+        connect(bar, &QScrollBar::valueChanged, this,
+                [this] { ShowPointer(PointerOnPreview().value_or(QPointF(-1, -1))); });
     }
     nudgeEnd_.setSingleShot(true);
     nudgeEnd_.setInterval(kNudgeRunMs);
@@ -115,6 +117,12 @@ void PageForm::ZoomTo(const std::function<void()>& change, std::optional<QPointF
     scroll_->horizontalScrollBar()->setValue(int(now.X - inView.x()));
     scroll_->verticalScrollBar()->setValue(int(now.Y - inView.y()));
     ShowZoom();
+    ShowPointer(PointerOnPreview().value_or(QPointF(-1, -1)));
+}
+
+void PageForm::ShowPointer(const QPointF& onPreview) {
+    pointerReadout_->setText(
+        FromAnsi(PointerReadout(state_, float(onPreview.x()), float(onPreview.y()))));
 }
 
 void PageForm::ShowZoom() {
@@ -146,7 +154,6 @@ void PageForm::SelectNeighbour(bool forward) {
     int16_t count = state_.CurrentFormat ? state_.CurrentFormat->NumObjects() : 0;
     state_.SelectedObject = NeighbourObject(state_.SelectedObject, count, forward);
     PreviewSelectionMade();
-    ShowSelectionReadout();
 }
 
 bool PageForm::eventFilter(QObject* watched, QEvent* event) {

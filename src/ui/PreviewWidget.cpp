@@ -56,6 +56,12 @@ QRect PreviewWidget::InView() const {
 }
 
 void PreviewWidget::Redraw() {
+    DrawPage();
+    outline_.reset();
+    update();
+}
+
+void PreviewWidget::DrawPage() {
     qreal ratio = devicePixelRatioF();
     QRect shown = InView();
     QPixmap pixmap(shown.size() * ratio);
@@ -91,8 +97,6 @@ void PreviewWidget::Redraw() {
         drawNote_ = FromAnsi(note);
         emit drawNoteChanged(drawNote_);
     }
-    outline_.reset();
-    update();
 }
 
 void PreviewWidget::DrawMarksDirectly() {
@@ -133,6 +137,8 @@ void PreviewWidget::SetPointer(int16_t pointer) {
 }
 
 void PreviewWidget::paintEvent(QPaintEvent*) {
+    // The view may have grown since the last drawing (scroll bars gone, say): draw what it shows.
+    if (QRect(pageOrigin_, page_.deviceIndependentSize().toSize()) != InView()) DrawPage();
     QPainter painter(this);
     painter.drawPixmap(pageOrigin_, page_);
     if (!outline_) return;
@@ -154,8 +160,14 @@ bool PreviewWidget::event(QEvent* event) {
     // Tab steps through the objects here instead of moving the focus on.
     if (event->type() == QEvent::KeyPress) {
         auto* key = static_cast<QKeyEvent*>(event);
-        if (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab) {
-            emit neighbourRequested(key->key() == Qt::Key_Tab);
+        bool tab = key->key() == Qt::Key_Tab;
+        if (tab || key->key() == Qt::Key_Backtab) {
+            // Ctrl+Tab leaves the preview, as it leaves a text box.
+            if (key->modifiers() & Qt::ControlModifier) {
+                focusNextPrevChild(tab && !(key->modifiers() & Qt::ShiftModifier));
+            } else {
+                emit neighbourRequested(tab);
+            }
             return true;
         }
     }

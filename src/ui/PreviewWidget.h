@@ -76,6 +76,8 @@ class PreviewWidget : public QWidget {
   private:
     void SetPointer(int16_t pointer);
     void EndDrag();
+    // Draws the part in view into the pixmap, leaving the drag outline alone.
+    void DrawPage();
     // The part of the widget in view of its scroll area (the whole widget without one).
     QRect InView() const;
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QLabel>
+#include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollArea>
@@ -80,6 +81,11 @@ TEST(View, ZoomKeepsHitTestsAndDragsExact) {
     fx.Trigger("mnuViewFit");
     EXPECT_NEAR(fx.form->ShownZoom(), fit, 0.001);
     EXPECT_EQ(scroll->horizontalScrollBar()->maximum(), 0);
+    fx.form->SizeList()->setCurrentRow(3);  // the printer size: a smaller figure fits
+    test::SettleEvents();
+    EXPECT_LT(fx.form->ShownZoom(), fit / 2);
+    EXPECT_EQ(Readout(fx, "lblZoom"),
+              QString("Fit (%1%)").arg(std::lround(fx.form->ShownZoom() * 100)));
 }
 
 TEST(View, ArrowRunsAreOneUndoStepAndTabStepsThroughObjects) {
@@ -125,15 +131,24 @@ TEST(View, DroppedAndRecentPagesOpenAfterTheSaveQuestion) {
               "save these changes?\n");
     EXPECT_EQ(fx.state.CurrentFile, other);
 
-    // Open Recent lists it; once gone, it is dropped with a note.
+    // Open Recent lists it; gone by the time it is chosen, it is said and dropped.
     QMenu* recent = fx.Child<QMenu>("mnuFileRecent");
     emit recent->aboutToShow();
-    EXPECT_EQ(recent->actions().value(0)->text(), "&1 Other");
+    ASSERT_EQ(recent->actions().value(0)->text(), "&1 Other");
     std::filesystem::remove(other);
+    recent->actions()[0]->trigger();
+    EXPECT_EQ(fx.messages.Last(), "Open Recent: " + other +
+                                      " is no longer there, so it has been taken off Open Recent.");
     emit recent->aboutToShow();
     EXPECT_EQ(recent->actions().value(0)->text(), "No recent pages");
+    // Gone before the menu opens, it is left out with a note.
+    std::string third = fx.folders.Dir().Write("Third.pag", test::ReadAll(fx.page));
+    fx.dialogs.Answers = {third};
+    fx.Trigger("mnuFileOpen");
+    std::filesystem::remove(third);
+    emit recent->aboutToShow();
     EXPECT_EQ(fx.form->statusBar()->currentMessage(),
-              "No longer there, so left out of Open Recent: Other.pag");
+              "No longer there, so left out of Open Recent: Third.pag");
 }
 
 TEST(View, ExportWritesTheFormatAtItsOwnSizeAndHelpShowsTheGuide) {
