@@ -165,17 +165,14 @@ bool NudgeSelected(EditorState& state, EditStep& step, int32_t dx, int32_t dy) {
     std::shared_ptr<PageObject> obj = state.Selected();
     const PageFormat* format = state.CurrentFormat.get();
     if (!obj || !format) return false;
-    // Origins are fractions of the printable area; these are its sides in format pixels.
-    const double area[2] = {
-        format->XPixels() * (1.0 - format->Margin(1, 1) - format->Margin(1, 2)),
-        format->YPixels() * (1.0 - format->Margin(2, 1) - format->Margin(2, 2))};
     const int32_t by[2] = {dx, dy};
     PageObject landed;
     for (int16_t axis = 1; axis <= 2; ++axis) {
-        if (!(area[axis - 1] > 0)) return false;
+        // Origins are fractions of the printable area.
+        double area = format->PrintablePixels(axis);
+        if (!(area > 0)) return false;
         landed.SetLength(axis, obj->Length(axis));
-        landed.SetOrigin(axis,
-                         static_cast<float>(obj->Origin(axis) + by[axis - 1] / area[axis - 1]));
+        landed.SetOrigin(axis, static_cast<float>(obj->Origin(axis) + by[axis - 1] / area));
     }
     landed.ForceInsideFrame();
     int16_t f = state.CurrentFormatIndex;

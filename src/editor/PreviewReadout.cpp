@@ -52,12 +52,11 @@ std::string SelectionReadout(const EditorState& state) {
     const PageFormat* format = state.CurrentFormat.get();
     if (!format) return caption;
     // From the model, not the drawing, so that a nudge of one pixel shows as one.
-    double size[2] = {double(format->XPixels()), double(format->YPixels())};
     std::string corner, extent;
     for (int16_t axis = 1; axis <= 2; ++axis) {
-        double before = format->Margin(axis, 1);
-        double area = size[axis - 1] * (1.0 - before - format->Margin(axis, 2));
-        double start = size[axis - 1] * before + area * obj->Origin(axis);
+        double area = format->PrintablePixels(axis);
+        double start =
+            format->AxisPixels(axis) * format->Margin(axis, 1) + area * obj->Origin(axis);
         double length = area * obj->Length(axis);
         if (!std::isfinite(start) || !std::isfinite(length)) return caption;
         corner += (axis == 1 ? "" : ", ") + Pixels(start);

@@ -37,6 +37,12 @@ class PageFormat {
     void SetYPixels(int16_t v) { yPixels_ = v; }
     int16_t LogPixels() const { return logPixels_; }
     void SetLogPixels(int16_t v) { logPixels_ = v; }
+    // Along axis i (1 across, 2 down): the page's own pixels, and the printable area's share
+    // of them inside the margins, which object positions and sizes are fractions of.
+    double AxisPixels(int16_t i) const { return i == 1 ? xPixels_ : yPixels_; }
+    double PrintablePixels(int16_t i) const {
+        return AxisPixels(i) * (1.0 - Margin(i, 1) - Margin(i, 2));
+    }
     bool ForPrinter() const { return forPrinter_; }
     void SetForPrinter(bool v) { forPrinter_ = v; }
 

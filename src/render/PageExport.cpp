@@ -30,6 +30,19 @@ std::vector<DrawProblem> ClearAndDraw(QtSurface& surface, int16_t numCharts,
                       options.Pictures, &rects);
 }
 
+// The pixels per inch a PDF page takes: the format's own, 96 when it has none.
+int PdfResolution(const PageFormat& format) {
+    return format.LogPixels() > 0 ? format.LogPixels() : kDefaultResolution;
+}
+
+// Fills the device white (the preview grey when interactive) and draws the format on it, the
+// page as large as the device allows in the format's proportions.
+std::vector<DrawProblem> DrawFormatOn(QPaintDevice& device, int16_t pageNumCharts,
+                                      const PageFormat& format, const PictureOptions& options) {
+    QtSurface surface(device);
+    return ClearAndDraw(surface, pageNumCharts, format, options);
+}
+
 std::vector<DrawProblem> DrawToImage(QBuffer& out, int width, int height, int16_t numCharts,
                                      const PageFormat& format, const PictureOptions& options) {
     QImage image(width, height, QImage::Format_RGB32);
@@ -74,12 +87,6 @@ std::vector<DrawProblem> DrawToPdf(QBuffer& out, int width, int height, int16_t 
 
 }  // namespace
 
-std::vector<DrawProblem> DrawFormatOn(QPaintDevice& device, int16_t pageNumCharts,
-                                      const PageFormat& format, const PictureOptions& options) {
-    QtSurface surface(device);
-    return ClearAndDraw(surface, pageNumCharts, format, options);
-}
-
 std::vector<DrawProblem> DrawFormatScaled(QPaintDevice& device, int16_t pageNumCharts,
                                           const PageFormat& format, const PictureOptions& options) {
     if (format.XPixels() < 1 || format.YPixels() < 1) return {};
@@ -105,10 +112,6 @@ std::optional<PictureKind> PictureKindOf(const std::string& path) {
     if (ext == "svg") return PictureKind::Svg;
     if (ext == "pdf") return PictureKind::Pdf;
     return std::nullopt;
-}
-
-int PdfResolution(const PageFormat& format) {
-    return format.LogPixels() > 0 ? format.LogPixels() : kDefaultResolution;
 }
 
 Picture DrawPicture(PictureKind kind, int width, int height, int16_t pageNumCharts,

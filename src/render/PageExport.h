@@ -23,13 +23,7 @@ struct PictureOptions {
     std::string Title;         // UTF-8, what an SVG or PDF file calls itself
 };
 
-// Fills the device white (the preview grey when interactive) and draws the format on it, the
-// page as large as the device allows in the format's proportions. Returns what could not be
-// drawn.
-std::vector<DrawProblem> DrawFormatOn(QPaintDevice& device, int16_t pageNumCharts,
-                                      const PageFormat& format, const PictureOptions& options);
-
-// The same drawing at the format's own pixel size, scaled to fit the device and centred on it:
+// The format drawn on white at its own pixel size, scaled to fit the device and centred on it:
 // on paper, lines and text keep their share of the page instead of shrinking to printer dots.
 std::vector<DrawProblem> DrawFormatScaled(QPaintDevice& device, int16_t pageNumCharts,
                                           const PageFormat& format, const PictureOptions& options);
@@ -38,17 +32,14 @@ enum class PictureKind { Png, Svg, Pdf };
 // The kind a file name's extension asks for, letter case ignored; none for any other.
 std::optional<PictureKind> PictureKindOf(const std::string& path);
 
-// The pixels per inch a PDF page takes: the format's own, 96 when it has none.
-int PdfResolution(const PageFormat& format);
-
 struct Picture {
     std::string Bytes;                  // the file's contents
     std::vector<DrawProblem> Problems;  // what could not be drawn
 };
 
 // The format drawn as a picture file of width x height pixels; a PDF page measures those
-// pixels at PdfResolution, so a printer format comes out at its paper size. Raises what the
-// drawing raises.
+// pixels at the format's pixels per inch (96 when it has none), so a printer format comes out at
+// its paper size. Raises what the drawing raises.
 Picture DrawPicture(PictureKind kind, int width, int height, int16_t pageNumCharts,
                     const PageFormat& format, const PictureOptions& options);
 

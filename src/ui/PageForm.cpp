@@ -119,7 +119,7 @@ void PageForm::BuildControls() {
     // A page zoomed smaller than the window sits in the middle of the preview's grey.
     scroll_->setAlignment(Qt::AlignCenter);
     QPalette grey = scroll_->viewport()->palette();
-    grey.setColor(QPalette::Window, QColor(192, 192, 192));
+    grey.setColor(QPalette::Window, PreviewWidget::BackColour());
     scroll_->viewport()->setPalette(grey);
     scroll_->viewport()->setAutoFillBackground(true);
     auto* pictureLayout = new QVBoxLayout(picture);

@@ -57,7 +57,6 @@ class PageForm : public QMainWindow, private DocumentHost {
     PropertyPanel* Properties() const { return properties_; }
     QListWidget* SizeList() const { return sizes_; }
     QScrollArea* PreviewScroller() const { return scroll_; }
-    const PreviewZoom& Zoom() const { return zoom_; }
     // Screen pixels per format pixel as the page is shown now.
     double ShownZoom() const;
     HelpWindow* Help() const { return help_; }

@@ -120,16 +120,12 @@ void PageForm::ExportFormat() {
                     "Export", MsgIcon::Exclamation);
         return;
     }
-    // Proposed beside the last export, in its kind; the first time beside the page.
-    QString name = state_.CurrentFile.empty()
-                       ? QString("Page")
-                       : QFileInfo(FromPath(state_.CurrentFile)).completeBaseName();
-    QFileInfo last(FromPath(lastExport_));
-    QString folder = !lastExport_.empty() ? last.absolutePath()
-                     : state_.CurrentFile.empty()
-                         ? QString()
-                         : QFileInfo(FromPath(state_.CurrentFile)).absolutePath();
-    QString suffix = lastExport_.empty() ? QString("png") : last.suffix();
+    // Proposed beside the last export, in its kind; the first time beside the page, as PNG.
+    QFileInfo page(FromPath(state_.CurrentFile));
+    QString name = state_.CurrentFile.empty() ? QString("Page") : page.completeBaseName();
+    QFileInfo beside = lastExport_.empty() ? page : QFileInfo(FromPath(lastExport_));
+    QString folder = beside.filePath().isEmpty() ? QString() : beside.absolutePath();
+    QString suffix = lastExport_.empty() ? QString("png") : beside.suffix();
     FileDialogSpec request{"Export Page Size", kExportFilter, ToPath(suffix), ToPath(folder),
                            ToPath(name + "." + suffix)};
     std::optional<PictureKind> kind;

@@ -49,6 +49,17 @@ PreviewWidget::PreviewWidget(EditorState& state, QWidget* parent) : QWidget(pare
     setMinimumSize(200, 150);
 }
 
+QColor PreviewWidget::BackColour() {
+    return QColor(RedOf(kPreviewBackColour), GreenOf(kPreviewBackColour),
+                  BlueOf(kPreviewBackColour));
+}
+
+RectClass PreviewWidget::WidgetScale() const {
+    RectClass scale;
+    scale.InitTo(0, 0, width(), height());
+    return scale;
+}
+
 QRect PreviewWidget::InView() const {
     QWidget* viewport = parentWidget();
     if (!viewport) return rect();
@@ -66,7 +77,7 @@ void PreviewWidget::DrawPage() {
     QRect shown = InView();
     QPixmap pixmap(shown.size() * ratio);
     pixmap.setDevicePixelRatio(ratio);
-    pixmap.fill(QColor(192, 192, 192));
+    pixmap.fill(BackColour());
     std::string note;
     bool marksShown = false;
     if (state_.Page && state_.CurrentFormat && !shown.isEmpty()) {
@@ -74,9 +85,7 @@ void PreviewWidget::DrawPage() {
             // Drawn on the whole widget's scale, of which the pixmap keeps the part in view.
             QPainter painter(&pixmap);
             painter.translate(-shown.topLeft());
-            RectClass scale;
-            scale.InitTo(0, 0, width(), height());
-            QtSurface surface(painter, scale);
+            QtSurface surface(painter, WidgetScale());
             PreviewDrawing drawing =
                 RefreshPreview(surface, state_.Page->NumCharts(), state_.CurrentFormat.get(), true,
                                state_.SelectedObject, state_.Rects, state_.SelectionMarks);
@@ -84,7 +93,7 @@ void PreviewWidget::DrawPage() {
             marksShown = drawing.MarksDrawn;
         } catch (const std::exception& e) {
             // Whatever else goes wrong, the preview stays empty and says why.
-            pixmap.fill(QColor(192, 192, 192));
+            pixmap.fill(BackColour());
             state_.Rects = PreviewRects{};
             note = std::string("The page cannot be drawn: ") + e.what();
         }
@@ -109,9 +118,7 @@ void PreviewWidget::DrawMarksDirectly() {
                                    obj->POClass().Shape());
     QPainter painter(&page_);
     painter.translate(-pageOrigin_);
-    RectClass scale;
-    scale.InitTo(0, 0, width(), height());
-    QtSurface surface(painter, scale);
+    QtSurface surface(painter, WidgetScale());
     surface.SetForeColor(kMarkColour);
     state_.SelectionMarks.Draw(surface);
     state_.MarksShown = true;
@@ -142,9 +149,7 @@ void PreviewWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.drawPixmap(pageOrigin_, page_);
     if (!outline_) return;
-    RectClass scale;
-    scale.InitTo(0, 0, width(), height());
-    QtSurface surface(painter, scale);
+    QtSurface surface(painter, WidgetScale());
     surface.SetDrawWidth(1);
     surface.SetDrawStyle(kLineDash);
     surface.SetFillStyle(kFillTransparent);

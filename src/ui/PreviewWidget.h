@@ -5,6 +5,7 @@
 // selections and reports a finished drag; the window makes the change. Zoomed, it is larger
 // than the window and scrolled: only the part in view is drawn.
 
+#include <QColor>
 #include <QPixmap>
 #include <QWidget>
 #include <cstdint>
@@ -31,10 +32,10 @@ class PreviewWidget : public QWidget {
 
     int16_t DragMode() const { return dragMode_; }
     bool MouseIsDown() const { return mouseIsDown_; }
-    // The drawn page, as the user sees it without the drag outline: the part in view, whose
-    // top-left corner is PixmapOrigin() of the widget.
+    // The drawn page, as the user sees it without the drag outline: the part in view.
     const QPixmap& PagePixmap() const { return page_; }
-    QPoint PixmapOrigin() const { return pageOrigin_; }
+    // The grey around the page.
+    static QColor BackColour();
     // What the last drawing could not show, for the status bar; empty when all was drawn.
     const QString& DrawNote() const { return drawNote_; }
 
@@ -80,6 +81,8 @@ class PreviewWidget : public QWidget {
     void DrawPage();
     // The part of the widget in view of its scroll area (the whole widget without one).
     QRect InView() const;
+    // The widget's own pixels, the scale every drawing on it uses.
+    RectClass WidgetScale() const;
 
     EditorState& state_;
     QPixmap page_;
