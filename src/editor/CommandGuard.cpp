@@ -10,7 +10,7 @@ namespace paginox {
 
 EditorSnapshot::EditorSnapshot(const EditorState& state)
     : currentFile_(state.CurrentFile),
-      page_(state.Page ? state.Page->Clone() : nullptr),
+      page_(state.Page ? state.Page->Copy() : nullptr),
       savedPage_(state.SavedPage),
       formatIndex_(state.CurrentFormatIndex),
       selectedObject_(state.SelectedObject),
@@ -23,12 +23,8 @@ void EditorSnapshot::Restore(EditorState& state) const {
     state.SavedPage = savedPage_;
     state.PageChanged = pageChanged_;
     state.PendingReset = pendingReset_;
-    RestorePage(state);
-}
-
-void EditorSnapshot::RestorePage(EditorState& state) const {
     // A copy again, so that the snapshot can serve any number of times.
-    state.Page = page_ ? page_->Clone() : nullptr;
+    state.Page = page_ ? page_->Copy() : nullptr;
     state.CurrentFormat = nullptr;
     state.CurrentFormatIndex = 0;
     if (state.Page && formatIndex_ >= 1 && formatIndex_ <= state.Page->NumFormats()) {

@@ -20,13 +20,10 @@ class EditorSnapshot {
     explicit EditorSnapshot(const EditorState& state);
     // Everything back as it was.
     void Restore(EditorState& state) const;
-    // The page, the format shown and the selection only (undoing an edit keeps the file and
-    // what was last saved).
-    void RestorePage(EditorState& state) const;
 
   private:
     std::string currentFile_;
-    std::shared_ptr<PageClass> page_;  // a copy: the command changes the page in place
+    std::shared_ptr<PageClass> page_;  // a whole copy: the command changes the page in place
     std::shared_ptr<PageClass> savedPage_;
     int16_t formatIndex_ = 0;
     int16_t selectedObject_ = 0;

@@ -1,15 +1,31 @@
 #include "editor/EditStep.h"
 
-#include "editor/UndoManager.h"
+#include <exception>
+
+#include "editor/EditorHistory.h"
+#include "editor/EditorState.h"
+#include "editor/RestoreBlock.h"
 
 namespace paginox {
 
-EditStep::EditStep(EditorState& state, UndoManager& undo) : state_(state), undo_(undo) {
-    undo_.BeginRestoreBlock();
-}
+EditStep::EditStep(EditorHistory& history)
+    : history_(history),
+      state_(history.State()),
+      block_(std::make_unique<RestoreBlock>(history.Setter())),
+      formatIndex_(state_.CurrentFormatIndex),
+      selected_(state_.SelectedObject),
+      exceptions_(std::uncaught_exceptions()) {}
 
 EditStep::~EditStep() {
-    undo_.EndRestoreBlock();
+    if (std::uncaught_exceptions() > exceptions_) {
+        // Left by an error: what the step had changed is taken back and forgotten.
+        try {
+            block_->Undo();
+        } catch (...) {  // the caller's safety net puts the page back
+        }
+        return;
+    }
+    history_.RecordProperties(std::move(block_), formatIndex_, selected_);
 }
 
 bool EditStep::Set(int32_t id, const PropertyValue& value, int16_t formatIndex, int16_t objectIndex,
@@ -18,14 +34,18 @@ bool EditStep::Set(int32_t id, const PropertyValue& value, int16_t formatIndex, 
     SetProperty(state_, id, value, formatIndex, objectIndex, subIndex);
     PropertyValue after = GetProperty(state_, id, formatIndex, objectIndex, subIndex);
     if (after == before) return false;
-    undo_.AddRestoreObject(id, before, after, formatIndex, objectIndex, subIndex);
+    block_->AddObject().SetValues(id, before, after, formatIndex, objectIndex, subIndex);
     return true;
 }
 
 void EditStep::Record(int32_t id, const PropertyValue& oldValue, const PropertyValue& newValue,
                       int16_t formatIndex, int16_t objectIndex, int16_t subIndex) {
     if (oldValue == newValue) return;
-    undo_.AddRestoreObject(id, oldValue, newValue, formatIndex, objectIndex, subIndex);
+    block_->AddObject().SetValues(id, oldValue, newValue, formatIndex, objectIndex, subIndex);
+}
+
+bool EditStep::Changed() const {
+    return block_->Count() > 0;
 }
 
 }  // namespace paginox

@@ -1,21 +1,24 @@
 #pragma once
 
 // One user step: every property it changes goes through SetProperty (or is written by the
-// caller and reported with Record) and lands in one undo block, closed when the step ends.
+// caller and reported with Record) and lands in one block of changes, handed to the history
+// when the step ends. A step left by an error puts back what it had changed, so the page is
+// as it was before the step.
 
 #include <cstdint>
+#include <memory>
 
-#include "editor/Properties.h"
+#include "editor/RestoreBlock.h"
 
 namespace paginox {
 
+class EditorHistory;
 class EditorState;
-class UndoManager;
 
 class EditStep {
   public:
-    EditStep(EditorState& state, UndoManager& undo);
-    ~EditStep();  // closes the block; a step that changed nothing leaves no trace
+    explicit EditStep(EditorHistory& history);
+    ~EditStep();  // a step that changed nothing leaves no trace
     EditStep(const EditStep&) = delete;
     EditStep& operator=(const EditStep&) = delete;
 
@@ -27,10 +30,16 @@ class EditStep {
     // A change the caller made directly.
     void Record(int32_t id, const PropertyValue& oldValue, const PropertyValue& newValue,
                 int16_t formatIndex, int16_t objectIndex, int16_t subIndex);
+    // Whether anything has changed so far.
+    bool Changed() const;
 
   private:
+    EditorHistory& history_;
     EditorState& state_;
-    UndoManager& undo_;
+    std::unique_ptr<RestoreBlock> block_;
+    int16_t formatIndex_;  // where the step was made
+    int16_t selected_;
+    int exceptions_;  // uncaught when the step began
 };
 
 }  // namespace paginox

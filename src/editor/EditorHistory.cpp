@@ -1,69 +1,104 @@
 #include "editor/EditorHistory.h"
 
-#include "editor/UndoManager.h"
+#include <algorithm>
+
+#include "editor/EditorState.h"
+#include "editor/Properties.h"
+#include "model/PageClass.h"
+#include "model/PageFormat.h"
 
 namespace paginox {
 
-void EditorHistory::Sync() {
-    for (; knownPropertySteps_ < properties_.UndoCount(); ++knownPropertySteps_) {
-        undo_.push_back(Step{});
-        redo_.clear();
-    }
-    knownPropertySteps_ = properties_.UndoCount();
+PropertySetter EditorHistory::Setter() {
+    return [this](int32_t id, const PropertyValue& v, int16_t f, int16_t o, int16_t s) {
+        SetProperty(state_, id, v, f, o, s);
+    };
 }
 
-void EditorHistory::RecordStructural(const EditorSnapshot& before) {
-    Sync();
-    undo_.push_back(Step{before, EditorSnapshot(state_)});
-    redo_.clear();
+void EditorHistory::Add(Step step) {
+    steps_.erase(steps_.begin() + static_cast<std::ptrdiff_t>(done_), steps_.end());
+    steps_.push_back(std::move(step));
+    done_ = steps_.size();
+    ++recorded_;
+}
+
+void EditorHistory::RecordProperties(std::unique_ptr<RestoreBlock> block, int16_t formatIndex,
+                                     int16_t selected) {
+    if (!block || block->Count() == 0) return;
+    Step step;
+    step.Changes = std::move(block);
+    step.FormatBefore = step.FormatAfter = formatIndex;
+    step.SelectedBefore = step.SelectedAfter = selected;
+    Add(std::move(step));
 }
 
 bool EditorHistory::Structural(const std::function<bool()>& change) {
-    EditorSnapshot before(state_);
+    Step step;
+    step.Before = state_.Page ? state_.Page->Copy() : nullptr;
+    step.FormatBefore = state_.CurrentFormatIndex;
+    step.SelectedBefore = state_.SelectedObject;
     if (!change()) return false;
-    RecordStructural(before);
+    step.After = state_.Page ? state_.Page->Copy() : nullptr;
+    step.FormatAfter = state_.CurrentFormatIndex;
+    step.SelectedAfter = state_.SelectedObject;
+    Add(std::move(step));
     return true;
 }
 
-bool EditorHistory::CanUndo() {
-    Sync();
-    return !undo_.empty();
-}
-
-bool EditorHistory::CanRedo() {
-    Sync();
-    return !redo_.empty();
-}
-
 bool EditorHistory::Undo() {
-    return Replay(undo_, redo_, false);
+    if (!CanUndo()) return false;
+    Replay(steps_[done_ - 1], false);
+    --done_;
+    return true;
 }
 
 bool EditorHistory::Redo() {
-    return Replay(redo_, undo_, true);
+    if (!CanRedo()) return false;
+    Replay(steps_[done_], true);
+    ++done_;
+    return true;
 }
 
-bool EditorHistory::Replay(std::vector<Step>& from, std::vector<Step>& to, bool forward) {
-    Sync();
-    if (from.empty()) return false;
-    Step step = from.back();
-    from.pop_back();
-    const std::optional<EditorSnapshot>& page = forward ? step.After : step.Before;
-    if (page) {
-        page->RestorePage(state_);
-    } else {
-        forward ? properties_.Redo() : properties_.Undo();
-        knownPropertySteps_ = properties_.UndoCount();
+void EditorHistory::Replay(const Step& step, bool forward) {
+    if (step.Changes) {
+        // The changes name their format and object: the view follows them there.
+        Show(step.FormatBefore, step.SelectedBefore);
+        forward ? step.Changes->Redo() : step.Changes->Undo();
+        return;
     }
-    to.push_back(step);
-    return page.has_value();
+    const std::shared_ptr<const PageClass>& page = forward ? step.After : step.Before;
+    // A copy again, so that the step can be replayed any number of times.
+    state_.Page = page ? page->Copy() : nullptr;
+    state_.CurrentFormat = nullptr;
+    state_.CurrentFormatIndex = 0;
+    Show(forward ? step.FormatAfter : step.FormatBefore,
+         forward ? step.SelectedAfter : step.SelectedBefore);
+}
+
+void EditorHistory::Show(int16_t formatIndex, int16_t selected) {
+    if (!state_.Page) return;
+    if (formatIndex < 1 || formatIndex > state_.Page->NumFormats()) formatIndex = 1;
+    if (formatIndex != state_.CurrentFormatIndex) state_.SetCurrentFormat(formatIndex);
+    bool exists =
+        state_.CurrentFormat && selected >= 1 && selected <= state_.CurrentFormat->NumObjects();
+    state_.SelectedObject = exists ? selected : 0;
+    state_.PreviousSelectedObject = 0;  // the property list is shown afresh
 }
 
 void EditorHistory::Clear() {
-    properties_.Clear();
-    undo_.clear();
-    redo_.clear();
-    knownPropertySteps_ = 0;
+    steps_.clear();
+    done_ = 0;
+    ++recorded_;
+}
+
+void EditorHistory::ReturnTo(const Position& before) {
+    if (recorded_ != before.Recorded) {
+        // The failed command made a step of its own: the page is as it was before that step.
+        size_t keep = std::min(before.Done, done_);
+        steps_.erase(steps_.begin() + static_cast<std::ptrdiff_t>(keep), steps_.end());
+        recorded_ = before.Recorded;
+    }
+    done_ = std::min(before.Done, steps_.size());
 }
 
 }  // namespace paginox

@@ -98,7 +98,8 @@ int32_t ListColumns::NeededWidth(const PageFormat& format) const {
 }
 
 int32_t ListColumns::BoxWidth(const PageFormat& format) const {
-    return ToInt32(double(format.XPixels()) * object_->Length(1));
+    // Widths are fractions of the printable area, not of the whole page.
+    return ToInt32(format.PrintablePixels(1) * object_->Length(1));
 }
 
 bool ListColumns::Apply(EditStep& step, int16_t formatIndex, int16_t objectIndex) const {

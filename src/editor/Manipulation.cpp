@@ -1,5 +1,6 @@
 #include "editor/Manipulation.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <utility>
@@ -59,6 +60,24 @@ bool IsClick(float dx, float dy) {
     return std::fabs(dx) <= kClickTolerance && std::fabs(dy) <= kClickTolerance;
 }
 
+namespace {
+
+// One side's edges after dragging the low or the high one: swapped when the dragged edge
+// crossed the other, and never closer than kMinObjectSide, so the object can still be
+// caught.
+std::pair<int32_t, int32_t> DraggedSpan(int32_t low, int32_t high, int32_t dLow, int32_t dHigh) {
+    if (dLow == 0 && dHigh == 0) return {low, high};
+    int32_t fixed = dLow != 0 ? high : low;
+    int32_t moving = dLow != 0 ? CheckedAdd(low, dLow) : CheckedAdd(high, dHigh);
+    if (std::abs(CheckedSub(moving, fixed)) < kMinObjectSide) {
+        moving = moving >= fixed ? CheckedAdd(fixed, kMinObjectSide)
+                                 : CheckedSub(fixed, kMinObjectSide);
+    }
+    return {std::min(fixed, moving), std::max(fixed, moving)};
+}
+
+}  // namespace
+
 RectClass DraggedRect(const RectClass& rect, int16_t shape, int16_t dragMode, int32_t dx,
                       int32_t dy) {
     RectClass r = rect.Clone();
@@ -101,24 +120,17 @@ RectClass DraggedRect(const RectClass& rect, int16_t shape, int16_t dragMode, in
                  CheckedMul(radius, 2), CheckedMul(radius, 2));
         return r;
     }
-    int32_t left = CheckedAdd(rect.Left(), dLeft);
-    int32_t right = CheckedAdd(rect.Right(), dRight);
-    int32_t top = CheckedAdd(rect.Top(), dTop);
-    int32_t bottom = CheckedAdd(rect.Bottom(), dBottom);
-    if (left > right) std::swap(left, right);
-    if (top > bottom) std::swap(top, bottom);
+    auto [left, right] = DraggedSpan(rect.Left(), rect.Right(), dLeft, dRight);
+    auto [top, bottom] = DraggedSpan(rect.Top(), rect.Bottom(), dTop, dBottom);
     r.InitTo(left, top, CheckedSub(right, left), CheckedSub(bottom, top));
     return r;
 }
 
-bool CommitDrag(EditorState& state, EditStep& step, int16_t dragMode, float dx, float dy) {
+PageObject LandedObject(const EditorState& state, int16_t dragMode, float dx, float dy) {
     std::shared_ptr<PageObject> obj = state.Selected();
-    if (!obj || dragMode == kDragNone || IsClick(dx, dy)) return false;
-    int16_t k = state.SelectedObject;
-    int16_t f = state.CurrentFormatIndex;
     const RectClass& margin = state.Rects.Margin;
-    RectClass moved = DraggedRect(state.Rects.Object(k), obj->POClass().Shape(), dragMode,
-                                  ToInt32(dx), ToInt32(dy));
+    RectClass moved = DraggedRect(state.Rects.Object(state.SelectedObject),
+                                  obj->POClass().Shape(), dragMode, ToInt32(dx), ToInt32(dy));
     // The drawing places every shape by its top-left corner (Origin), a wheel included, so
     // that is the point a move or resize sets; a wheel's own centre would shift it by its
     // radius on every drag.
@@ -141,6 +153,35 @@ bool CommitDrag(EditorState& state, EditStep& step, int16_t dragMode, float dx, 
         }
     }
     landed.ForceInsideFrame();
+    return landed;
+}
+
+RectClass LandedOutline(const EditorState& state, int16_t dragMode, float dx, float dy) {
+    const RectClass& rect = state.Rects.Object(state.SelectedObject);
+    int16_t shape = state.Selected()->POClass().Shape();
+    PageObject landed = LandedObject(state, dragMode, dx, dy);
+    const RectClass& margin = state.Rects.Margin;
+    RectClass outline = DraggedRect(rect, shape, dragMode, ToInt32(dx), ToInt32(dy));
+    int32_t width = outline.Width();
+    int32_t height = outline.Height();
+    if (dragMode != kDragMove && shape != kShapeCircle) {
+        width = ToInt32(landed.Length(1) * static_cast<float>(margin.Width()));
+        height = ToInt32(landed.Length(2) * static_cast<float>(margin.Height()));
+    }
+    outline.InitTo(ToInt32(static_cast<float>(margin.Left()) +
+                           landed.Origin(1) * static_cast<float>(margin.Width())),
+                   ToInt32(static_cast<float>(margin.Top()) +
+                           landed.Origin(2) * static_cast<float>(margin.Height())),
+                   width, height);
+    return outline;
+}
+
+bool CommitDrag(EditorState& state, EditStep& step, int16_t dragMode, float dx, float dy) {
+    std::shared_ptr<PageObject> obj = state.Selected();
+    if (!obj || dragMode == kDragNone || IsClick(dx, dy)) return false;
+    int16_t k = state.SelectedObject;
+    int16_t f = state.CurrentFormatIndex;
+    PageObject landed = LandedObject(state, dragMode, dx, dy);
     float originX = landed.Origin(1);
     float originY = landed.Origin(2);
     if (dragMode == kDragMove) {

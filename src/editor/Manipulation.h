@@ -6,6 +6,7 @@
 
 #include <cstdint>
 
+#include "model/PageObject.h"
 #include "model/RectClass.h"
 
 namespace paginox {
@@ -25,6 +26,8 @@ inline constexpr int32_t kMarkTolerance = 3;
 inline constexpr float kClickTolerance = 1.0f;
 // No wheel is resized below this radius in pixels.
 inline constexpr int32_t kMinWheelRadius = 10;
+// Nor any other shape below this side in pixels: it could no longer be clicked.
+inline constexpr int32_t kMinObjectSide = 6;
 
 // Pointer shapes by number: the default arrow and the sizing pointers.
 enum PointerShape : int16_t {
@@ -50,11 +53,18 @@ bool IsClick(float dx, float dy);
 // Where the object's rectangle lies after dragging by (dx, dy) in the given mode: moved
 // whole, or, for a resize, the pressed edge following the pointer. A wheel keeps its centre
 // and takes the radius its pressed edge gives, at least kMinWheelRadius, in a square
-// rectangle. Other shapes swap edges that have crossed. The triangle's slanted-side handle
+// rectangle. Other shapes swap edges that have crossed, and keep sides of at least
+// kMinObjectSide. The triangle's slanted-side handle
 // moves the right and top edges so that the side's centre follows the pointer; its left-edge
 // handle acts like the left edge.
 RectClass DraggedRect(const RectClass& rect, int16_t shape, int16_t dragMode, int32_t dx,
                       int32_t dy);
+
+// Where a drag of the selected object by (dx, dy) leaves it: its Origin and Length as
+// fractions of the margin rectangle, kept on the page.
+PageObject LandedObject(const EditorState& state, int16_t dragMode, float dx, float dy);
+// The same place in pixels of the preview, where the drag outline is drawn.
+RectClass LandedOutline(const EditorState& state, int16_t dragMode, float dx, float dy);
 
 // Commits a drag of the selected object as one step. A move sets Origin through SetProperty,
 // once per axis; a resize writes Origin and Length directly and records them in the step.

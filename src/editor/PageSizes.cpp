@@ -7,7 +7,6 @@
 #include "core/NumberFormat.h"
 #include "core/Rounding.h"
 #include "editor/EditorState.h"
-#include "editor/UndoManager.h"
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
 #include "model/PageObject.h"

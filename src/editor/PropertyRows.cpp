@@ -28,8 +28,11 @@ constexpr int32_t kOCUScoring = 256;  // Rulerships, Weighted Scores
 constexpr size_t kFileNameLength = 80;
 constexpr size_t kGraphicNameLength = 255;
 
-std::string Num(double v) {
-    return v == std::floor(v) ? FormatZero(static_cast<long long>(v)) : ShortestDecimal(float(v));
+std::string Num(double v, char separator = UserDecimalSeparator()) {
+    if (v == std::floor(v)) return FormatZero(static_cast<long long>(v));
+    std::string text = ShortestDecimal(float(v));
+    std::replace(text.begin(), text.end(), '.', separator);
+    return text;
 }
 
 PropertyRow Row(std::string label, std::string help, int32_t id, int16_t sub, RowKind kind) {
@@ -296,9 +299,9 @@ RowInput Invalid(const std::string& message) {
     return {std::nullopt, message, kInvalidValueTitle};
 }
 
-std::string RangeMessage(const PropertyRow& row) {
+std::string RangeMessage(const PropertyRow& row, char separator) {
     return row.Label + " must be " + (row.Whole ? "a whole number" : "a number") +
-           " in the range " + Num(row.Min) + " to " + Num(row.Max) + ".";
+           " in the range " + Num(row.Min, separator) + " to " + Num(row.Max, separator) + ".";
 }
 
 }  // namespace
@@ -322,10 +325,10 @@ std::string ShownNumber(double v, char separator) {
     return text;
 }
 
-std::string RowValueText(const EditorState& state, const PropertyRow& row, char separator) {
-    int16_t formatIndex = 0;
-    int16_t objectIndex = 0;
-    PropertyValue value = GetProperty(state, row.Id, formatIndex, objectIndex, row.SubIndex);
+std::string RowValueText(const EditorState& state, const PropertyRow& row, RowPlace place,
+                         char separator) {
+    PropertyValue value =
+        GetProperty(state, row.Id, place.FormatIndex, place.ObjectIndex, row.SubIndex);
     switch (row.Kind) {
         case RowKind::Boolean:
             return PropertyText(ConvertForProperty(kPropWeighted, value));
@@ -337,6 +340,7 @@ std::string RowValueText(const EditorState& state, const PropertyRow& row, char 
             return PropertyText(value);
         }
         case RowKind::Number:
+        case RowKind::Angle:
             if (const float* f = std::get_if<float>(&value)) return ShownNumber(*f, separator);
             if (const double* d = std::get_if<double>(&value)) return ShownNumber(*d, separator);
             return PropertyText(value);
@@ -380,8 +384,8 @@ RowInput ParseRowInput(const PropertyRow& row, const std::string& text, char sep
         case RowKind::Angle: {
             std::optional<double> degrees = ParseAngle(WithPoint(text, separator));
             if (!degrees) return {std::nullopt, AngleErrorText(), kAngleErrorTitle};
-            if (*degrees < row.Min || *degrees > row.Max) return Invalid(RangeMessage(row));
-            return {PropertyValue(*degrees), "", ""};
+            if (*degrees < row.Min || *degrees > row.Max) return Invalid(RangeMessage(row, separator));
+            return {PropertyValue(*degrees + 0.0), "", ""};  // + 0.0: no negative zero
         }
         case RowKind::Number: {
             // Read the same whatever the program's locale: from_chars only knows ".".
@@ -389,16 +393,16 @@ RowInput ParseRowInput(const PropertyRow& row, const std::string& text, char sep
             double v = 0;
             auto [end, ec] = std::from_chars(t.data(), t.data() + t.size(), v);
             if (t.empty() || ec != std::errc() || end != t.data() + t.size() || !std::isfinite(v)) {
-                return Invalid(RangeMessage(row));
+                return Invalid(RangeMessage(row, separator));
             }
             if (v < row.Min || v > row.Max || (row.Whole && v != std::floor(v))) {
-                return Invalid(RangeMessage(row));
+                return Invalid(RangeMessage(row, separator));
             }
             if (row.Whole) return {PropertyValue(static_cast<int16_t>(v)), "", ""};
-            return {PropertyValue(v), "", ""};
+            return {PropertyValue(v + 0.0), "", ""};  // + 0.0: "-0" is stored as 0
         }
     }
-    return Invalid(RangeMessage(row));
+    return Invalid(RangeMessage(row, separator));
 }
 
 // Each picker's own filter comes first, as the host's users know it (the body element and

@@ -71,8 +71,15 @@ inline constexpr int16_t kUserCaptionObjectType = 40;
 // The selected object's rows when there is one, else the page's and the current format's.
 std::vector<PropertyRow> BuildPropertyRows(const EditorState& state);
 
+// Whose value a row shows: format and object indices as GetProperty takes them (0: the
+// current format, the selected object).
+struct RowPlace {
+    int16_t FormatIndex = 0;
+    int16_t ObjectIndex = 0;
+};
+
 // The row's current value as the list shows it (Windows-1252).
-std::string RowValueText(const EditorState& state, const PropertyRow& row,
+std::string RowValueText(const EditorState& state, const PropertyRow& row, RowPlace place = {},
                          char separator = UserDecimalSeparator());
 
 // The value typed (Windows-1252) checked against the row: the value to store, or the message

@@ -127,6 +127,13 @@ std::shared_ptr<PageClass> PageClass::Clone() const {
     return copy;
 }
 
+std::shared_ptr<PageClass> PageClass::Copy() const {
+    std::shared_ptr<PageClass> copy = Clone();
+    copy->title_ = title_;
+    copy->readVersion_ = readVersion_;
+    return copy;
+}
+
 bool PageClass::IsEqual(const PageClass* other) const {
     if (!other) return false;
     if (listAbbreviation_ != other->listAbbreviation_ || description_ != other->description_ ||

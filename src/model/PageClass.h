@@ -48,6 +48,8 @@ class PageClass {
     // Title and ReadVersion are neither copied nor compared, deliberately. An empty format
     // slot within NumFormats is "Object variable not set" here and below.
     std::shared_ptr<PageClass> Clone() const;
+    // A whole copy, Title and ReadVersion included: what the editor keeps to put the page back.
+    std::shared_ptr<PageClass> Copy() const;
     bool IsEqual(const PageClass* other) const;
     int16_t MaxNumCharts() const;
     // A plain-text description of the page, lines joined by CR LF, no final line break.

@@ -222,20 +222,6 @@ std::shared_ptr<PageClass> ReadOpenPage(BinaryFile& file, int16_t formatIndex) {
     return page;
 }
 
-std::string PageFileBytes(const PageClass& page) {
-    ByteWriter out;
-    out.Int16(kPageFileVersion);
-    Write<PageClass>(out, kHeaderFields, page);
-    for (int16_t k = 1; k <= page.NumFormats(); ++k) {
-        const PageFormat& format = Present(page.GetFormat(k));
-        out.Int16(format.NumObjects());
-        Write<PageFormat>(out, kFormatFields, format);
-        for (int16_t i = 1; i <= format.NumObjects(); ++i) {
-            Write<Obj>(out, kObjectFields, Present(format.Object(i)));
-        }
-    }
-    return out.Bytes();
-}
 }  // namespace
 
 size_t ObjectRecordLength(int16_t version) {
@@ -278,6 +264,21 @@ std::shared_ptr<PageClass> ReadPage(const std::string& fileName, int16_t formatI
         report(e);
         return nullptr;
     }
+}
+
+std::string PageFileBytes(const PageClass& page) {
+    ByteWriter out;
+    out.Int16(kPageFileVersion);
+    Write<PageClass>(out, kHeaderFields, page);
+    for (int16_t k = 1; k <= page.NumFormats(); ++k) {
+        const PageFormat& format = Present(page.GetFormat(k));
+        out.Int16(format.NumObjects());
+        Write<PageFormat>(out, kFormatFields, format);
+        for (int16_t i = 1; i <= format.NumObjects(); ++i) {
+            Write<Obj>(out, kObjectFields, Present(format.Object(i)));
+        }
+    }
+    return out.Bytes();
 }
 
 void WritePageFile(const std::string& fileName, const PageClass& page) {

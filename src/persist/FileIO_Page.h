@@ -29,6 +29,9 @@ size_t ObjectRecordLength(int16_t version);
 std::shared_ptr<PageClass> ReadPage(const std::string& fileName, int16_t formatIndex,
                                     bool reportErrors);
 
+// The bytes of the page as a version 4 file.
+std::string PageFileBytes(const PageClass& page);
+
 // Writes the page as version 4, replacing the file only once the whole page is written. False
 // after the "Save Error" message; the old file is then as it was.
 bool SavePage(const std::string& fileName, const PageClass& page);

@@ -52,9 +52,6 @@ PageForm::PageForm(EditorState& state, EditorDialogs& dialogs, QWidget* parent)
     : QMainWindow(parent),
       state_(state),
       dialogs_(dialogs),
-      undo_([this](int32_t id, const PropertyValue& v, int16_t f, int16_t o,
-                   int16_t s) { SetProperty(state_, id, v, f, o, s); },
-            [this](bool, bool) { UpdateUndoMenus(); }),
       flow_(state, *this) {
     setObjectName("PageForm");
     setWindowTitle("Paginox");
@@ -66,7 +63,6 @@ PageForm::PageForm(EditorState& state, EditorDialogs& dialogs, QWidget* parent)
     setMinimumSize(static_cast<int>(kMinWidthTwips / tpp.X),
                    static_cast<int>(kMinHeightTwips / tpp.Y));
     resize(1180, 820);
-    undo_.Clear();
     recoveryTimer_.setInterval(kRecoveryIntervalMs);
     connect(&recoveryTimer_, &QTimer::timeout, this,
             [this] { Guard("Keeping a recovery copy", [this] { flow_.KeepRecoveryCopy(); }); });
@@ -75,11 +71,23 @@ PageForm::PageForm(EditorState& state, EditorDialogs& dialogs, QWidget* parent)
 
 void PageForm::Guard(const QString& what, const std::function<void()>& command) {
     EndNudgeRun();  // any other command ends a run of arrow presses
+    CommitPendingEdits();
     RunGuarded(what, command);
 }
 
+void PageForm::CommitPendingEdits() {
+    RunGuarded("Storing the value", [this] {
+        properties_->CommitPendingEdit();
+        // Typed but not yet confirmed with Enter: the description counts all the same.
+        if (description_->isModified()) DescriptionEdited();
+    });
+}
+
 void PageForm::RunGuarded(const QString& what, const std::function<void()>& command) {
-    if (!RunCommand(state_, ToAnsi(what), command)) FollowRestoredPage();
+    EditorHistory::Position before = history_.Now();
+    if (RunCommand(state_, ToAnsi(what), command)) return;
+    history_.ReturnTo(before);  // the page is as it was before the command
+    FollowRestoredPage();
 }
 
 void PageForm::FollowRestoredPage() {
@@ -138,7 +146,7 @@ void PageForm::BuildControls() {
     numObjects_->setObjectName("lblNumObjects");
     numCharts_ = new QLabel(side);
     numCharts_->setObjectName("lblCharts");
-    properties_ = new PropertyPanel(state_, undo_, dialogs_, side);
+    properties_ = new PropertyPanel(history_, dialogs_, side);
 
     auto* counts = new QGridLayout;
     counts->addWidget(new QLabel("Objects:", side), 0, 0);
@@ -323,6 +331,8 @@ void PageForm::FinishPendingReset() {
 }
 
 void PageForm::closeEvent(QCloseEvent* event) {
+    EndNudgeRun();
+    CommitPendingEdits();  // so that the save question sees the edit in progress
     flow_.Closing();
     event->accept();
     // Whatever the answer, the program ends, all its windows with it.
@@ -378,7 +388,6 @@ int PageForm::ScreenLogPixels() {
 }
 
 void PageForm::UpdateUndoMenus() {
-    // The history's own order decides, not the property stacks alone.
     // A run of arrow presses still open is a step to undo as well.
     if (auto* a = findChild<QAction*>("mnuUndo")) a->setEnabled(history_.CanUndo() || nudge_);
     if (auto* a = findChild<QAction*>("mnuRedo")) a->setEnabled(history_.CanRedo());

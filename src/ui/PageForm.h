@@ -16,7 +16,6 @@
 #include "editor/EditStep.h"
 #include "editor/EditorHistory.h"
 #include "editor/PreviewZoom.h"
-#include "editor/UndoManager.h"
 #include "ui/HelpWindow.h"
 
 class QAction;
@@ -108,6 +107,8 @@ class PageForm : public QMainWindow, private DocumentHost {
     void FillSizeList();
     void UpdateUndoMenus();
     void FollowRestoredPage();
+    // Stores what is being typed in the property list or the description box.
+    void CommitPendingEdits();
     // Runs a command under the safety net without ending a run of arrow presses.
     void RunGuarded(const QString& what, const std::function<void()>& command);
 
@@ -156,8 +157,7 @@ class PageForm : public QMainWindow, private DocumentHost {
 
     EditorState& state_;
     EditorDialogs& dialogs_;
-    UndoManager undo_;
-    EditorHistory history_{state_, undo_};
+    EditorHistory history_{state_};
     DocumentFlow flow_;
     QTimer recoveryTimer_;
     bool objectClickUpdate_ = true;

@@ -77,7 +77,7 @@ void PageForm::PreviewSelectionMade() {
 
 void PageForm::PreviewDragFinished(int16_t dragMode, float dx, float dy) {
     try {
-        EditStep step(state_, undo_);
+        EditStep step(history_);
         CommitDrag(state_, step, dragMode, dx, dy);
     } catch (const RuntimeError& e) {
         ShowMessage(e.Description(), "", MsgIcon::Exclamation);
@@ -107,8 +107,9 @@ void PageForm::PreviewPopup(const QPoint& globalPos) {
 
 void PageForm::DescriptionEdited() {
     if (!state_.Page) return;
+    description_->setModified(false);
     try {
-        EditStep step(state_, undo_);
+        EditStep step(history_);
         if (!step.Set(kPropDescription, ToAnsi(description_->text()), 0, 0, 0)) return;
     } catch (const RuntimeError& e) {
         ShowMessage(e.Description(), "", MsgIcon::Exclamation);
@@ -216,7 +217,7 @@ void PageForm::AlignObject() {
                             "Line the selected object up with the page's printable area:", choices);
     if (!choice || *choice < 0) return;
     try {
-        EditStep step(state_, undo_);
+        EditStep step(history_);
         AlignSelectedObject(state_, step, static_cast<Alignment>(*choice));
     } catch (const RuntimeError& e) {
         ShowMessage(e.Description(), "", MsgIcon::Exclamation);
@@ -230,7 +231,7 @@ void PageForm::PositionObject() {
     PositionDialog dialog(*obj, this);
     if (dialog.exec() != QDialog::Accepted) return;
     try {
-        EditStep step(state_, undo_);
+        EditStep step(history_);
         for (int16_t axis = 1; axis <= 2; ++axis) {
             step.Set(kPropOrigin, dialog.Origin(axis), 0, 0, axis);
             step.Set(kPropLength, dialog.Length(axis), 0, 0, axis);
@@ -247,19 +248,15 @@ void PageForm::EditColumns() {
     PointListDialog dialog(*obj, *state_.CurrentFormat, this);
     if (dialog.exec() != QDialog::Accepted) return;
     {
-        EditStep step(state_, undo_);
+        EditStep step(history_);
         dialog.Columns().Apply(step, state_.CurrentFormatIndex, state_.SelectedObject);
     }
     RefreshUI(true);
 }
 
 void PageForm::UndoOrRedo(bool redo) {
-    // A structural step replaces the page: the size list and the selection follow it.
-    if (redo ? history_.Redo() : history_.Undo()) {
-        FollowRestoredPage();
-    } else {
-        RefreshUI(true);
-    }
+    // The step's page size is shown, with the page as it was: the size list follows.
+    if (redo ? history_.Redo() : history_.Undo()) FollowRestoredPage();
 }
 
 void PageForm::HelpContents() {

@@ -36,6 +36,7 @@ SurfaceSize SizeOf(const QWidget* widget) {
 void PageForm::ConnectPreview() {
     connect(preview_, &PreviewWidget::pressed, this, [this] {
         EndNudgeRun();
+        CommitPendingEdits();  // before the press changes the selection
         properties_->EditColumnsButton()->setEnabled(false);
     });
     connect(preview_, &PreviewWidget::selectionMade, this,
@@ -136,7 +137,7 @@ void PageForm::ShowSelectionReadout() {
 
 void PageForm::Nudge(int dx, int dy) {
     if (!state_.Selected()) return;
-    if (!nudge_) nudge_ = std::make_unique<EditStep>(state_, undo_);
+    if (!nudge_) nudge_ = std::make_unique<EditStep>(history_);
     nudgeEnd_.start();
     NudgeSelected(state_, *nudge_, dx, dy);
     RefreshUI(true);

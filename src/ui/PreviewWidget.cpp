@@ -258,8 +258,9 @@ void PreviewWidget::mousePressEvent(QMouseEvent* event) {
     }
     downX_ = x;
     downY_ = y;
-    emit selectionMade();
+    // Marked down before the selection is shown: the refresh it causes keeps the drag.
     mouseIsDown_ = true;
+    emit selectionMade();
 }
 
 void PreviewWidget::mouseMoveEvent(QMouseEvent* event) {
@@ -275,7 +276,7 @@ void PreviewWidget::mouseMoveEvent(QMouseEvent* event) {
     float x = static_cast<float>(event->position().x());
     float y = static_cast<float>(event->position().y());
     if (event->buttons() == Qt::NoButton) {
-        int16_t mark = state_.MarksShown ? MarkAt(state_.SelectionMarks, x, y) : kDragNone;
+        int16_t mark = state_.MarksShown ? MarkAt(state_.SelectionMarks, x, y) : int16_t(kDragNone);
         dragMode_ = mark;
         SetPointer(mark >= 2 ? PointerFor(mark) : int16_t(kPointerDefault));
         return;
@@ -284,8 +285,7 @@ void PreviewWidget::mouseMoveEvent(QMouseEvent* event) {
     if (state_.SelectedObject > state_.Rects.ObjectCount()) return;
     if (dragMode_ == kDragMove) SetPointer(kPointerSizeAll);
     outlineShape_ = obj->POClass().Shape();
-    outline_ = DraggedRect(state_.Rects.Object(state_.SelectedObject), outlineShape_, dragMode_,
-                           ToInt32(x - downX_), ToInt32(y - downY_));
+    outline_ = LandedOutline(state_, dragMode_, x - downX_, y - downY_);
     update();
 }
 

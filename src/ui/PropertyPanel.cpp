@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
@@ -15,6 +16,7 @@
 #include "core/MessageService.h"
 #include "core/RuntimeError.h"
 #include "editor/EditStep.h"
+#include "editor/EditorHistory.h"
 #include "editor/EditorState.h"
 #include "editor/ObjectCommands.h"
 #include "editor/QtText.h"
@@ -38,6 +40,12 @@ class PropertyDelegate : public QStyledItemDelegate {
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
                           const QModelIndex& index) const override {
         const PropertyRow& row = panel_.Rows().at(static_cast<size_t>(index.row()));
+        QWidget* editor = MakeEditor(parent, row);
+        panel_.EditorOpened(index.row(), editor);
+        return editor;
+    }
+
+    QWidget* MakeEditor(QWidget* parent, const PropertyRow& row) const {
         if (row.Kind == RowKind::Boolean || row.Kind == RowKind::Choice) {
             auto* combo = new QComboBox(parent);
             combo->setObjectName("cmbProperty");
@@ -63,7 +71,10 @@ class PropertyDelegate : public QStyledItemDelegate {
     void setEditorData(QWidget* editor, const QModelIndex& index) const override {
         QString text = index.data().toString();
         if (auto* combo = qobject_cast<QComboBox*>(editor)) {
-            combo->setCurrentIndex(std::max(0, combo->findText(text)));
+            // A value outside the list (read from a file) is offered as it is, so that
+            // opening the list and leaving it changes nothing.
+            if (combo->findText(text) < 0) combo->addItem(text);
+            combo->setCurrentIndex(combo->findText(text));
         } else if (auto* edit = qobject_cast<QLineEdit*>(editor)) {
             edit->setText(text);
         }
@@ -75,10 +86,7 @@ class PropertyDelegate : public QStyledItemDelegate {
         if (auto* combo = qobject_cast<QComboBox*>(editor)) text = combo->currentText();
         if (auto* edit = qobject_cast<QLineEdit*>(editor)) text = edit->text();
         if (text == index.data().toString()) return;
-        int row = index.row();
-        PropertyPanel* panel = &panel_;
-        QMetaObject::invokeMethod(
-            panel, [panel, row, text] { panel->ApplyText(row, text); }, Qt::QueuedConnection);
+        panel_.Stage(text);
     }
 
   private:
@@ -87,9 +95,8 @@ class PropertyDelegate : public QStyledItemDelegate {
 
 }  // namespace
 
-PropertyPanel::PropertyPanel(EditorState& state, UndoManager& undo, EditorDialogs& dialogs,
-                             QWidget* parent)
-    : QWidget(parent), state_(state), undo_(undo), dialogs_(dialogs) {
+PropertyPanel::PropertyPanel(EditorHistory& history, EditorDialogs& dialogs, QWidget* parent)
+    : QWidget(parent), state_(history.State()), history_(history), dialogs_(dialogs) {
     objects_ = new QComboBox(this);
     objects_->setObjectName("cmbObjects");
     list_ = new QTableWidget(0, 2, this);
@@ -213,27 +220,86 @@ void PropertyPanel::ShowHelp() {
     more_->setEnabled(r.Kind == RowKind::File);
 }
 
+PropertyPanel::Edit PropertyPanel::EditOf(int row) const {
+    Edit edit;
+    edit.Row = rows_.at(static_cast<size_t>(row));
+    edit.Place.FormatIndex = state_.CurrentFormatIndex;
+    edit.Place.ObjectIndex = state_.Selected() ? state_.SelectedObject : 0;
+    return edit;
+}
+
+void PropertyPanel::EditorOpened(int row, QWidget* editor) {
+    editor_ = editor;
+    editing_ = EditOf(row);
+}
+
+void PropertyPanel::Stage(const QString& text) {
+    if (!editing_) return;
+    staged_ = *editing_;
+    staged_->Text = text;
+    // Stored once the editor has closed: storing rebuilds the list.
+    QMetaObject::invokeMethod(this, [this] { ApplyStaged(); }, Qt::QueuedConnection);
+}
+
+void PropertyPanel::CommitPendingEdit() {
+    // A closed editor is hidden at once, though it goes only later.
+    if (editor_ && editor_->isVisible()) {
+        QAbstractItemDelegate* delegate = list_->itemDelegateForColumn(1);
+        QWidget* editor = editor_;
+        editor_ = nullptr;
+        emit delegate->commitData(editor);
+        emit delegate->closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+    ApplyStaged();
+}
+
+void PropertyPanel::ApplyStaged() {
+    if (!staged_) return;
+    Edit edit = *staged_;
+    staged_.reset();
+    Apply(edit);
+}
+
 bool PropertyPanel::ApplyText(int row, const QString& text) {
     if (row < 0 || row >= static_cast<int>(rows_.size())) return false;
-    const PropertyRow r = rows_[static_cast<size_t>(row)];
+    Edit edit = EditOf(row);
+    edit.Text = text;
+    return Apply(edit);
+}
+
+bool PropertyPanel::StillThere(const RowPlace& place) const {
+    if (!state_.Page || place.FormatIndex < 1 || place.FormatIndex > state_.Page->NumFormats())
+        return false;
+    std::shared_ptr<PageFormat> format = state_.Page->GetFormat(place.FormatIndex);
+    return format && place.ObjectIndex <= format->NumObjects();
+}
+
+bool PropertyPanel::Apply(const Edit& edit) {
+    // The page changed under an edit left open (its object deleted, say): it is dropped.
+    if (!StillThere(edit.Place)) return false;
+    const PropertyRow& r = edit.Row;
+    const RowPlace& at = edit.Place;
     // Leaving a value as it is shown writes nothing: a rounded 0.5446 stays 0.54456824.
-    if (ToAnsi(text.trimmed()) == Trim(RowValueText(state_, r))) return false;
-    RowInput input = ParseRowInput(r, ToAnsi(text));
+    if (ToAnsi(edit.Text.trimmed()) == Trim(RowValueText(state_, r, at))) return false;
+    RowInput input = ParseRowInput(r, ToAnsi(edit.Text));
     if (!input.Value) {
         Messages().Show(input.Message, input.Title, MsgButtons::Ok, MsgIcon::Exclamation);
-        if (QTableWidgetItem* item = list_->item(row, 1)) item->setText(ValueText(r));
+        emit propertyChanged();  // the row shows its stored value again
         return false;
     }
     try {
-        EditStep step(state_, undo_);
-        step.Set(r.Id, *input.Value, 0, 0, r.SubIndex);
+        EditStep step(history_);
+        step.Set(r.Id, *input.Value, at.FormatIndex, at.ObjectIndex, r.SubIndex);
         // Keep what depends on the value in line, in the same step.
         if (r.Id == kPropChartNum && state_.Page->MaxNumCharts() > state_.Page->NumCharts()) {
             step.Set(kPropPageNumCharts, state_.Page->MaxNumCharts(), 0, 0, 0);
         }
-        std::shared_ptr<PageObject> obj = state_.Selected();
-        if (r.Id == kPropTextLines && obj && obj->HorzBlocks() > obj->TextLines()) {
-            step.Set(kPropHorzBlocks, obj->TextLines(), 0, 0, 0);
+        if (r.Id == kPropTextLines && at.ObjectIndex >= 1) {
+            std::shared_ptr<PageObject> obj =
+                state_.Page->GetFormat(at.FormatIndex)->Object(at.ObjectIndex);
+            if (obj->HorzBlocks() > obj->TextLines()) {
+                step.Set(kPropHorzBlocks, obj->TextLines(), at.FormatIndex, at.ObjectIndex, 0);
+            }
         }
     } catch (const RuntimeError& e) {
         ShowMessage(e.Description(), "", MsgIcon::Exclamation);

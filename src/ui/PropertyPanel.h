@@ -6,7 +6,10 @@
 // passes is one undoable step.
 
 #include <QWidget>
+#include <QPointer>
+#include <QString>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "editor/PropertyRows.h"
@@ -20,13 +23,13 @@ namespace paginox {
 
 class EditorDialogs;
 class EditorState;
-class UndoManager;
+class EditorHistory;
 
 class PropertyPanel : public QWidget {
     Q_OBJECT
 
   public:
-    PropertyPanel(EditorState& state, UndoManager& undo, EditorDialogs& dialogs,
+    PropertyPanel(EditorHistory& history, EditorDialogs& dialogs,
                   QWidget* parent = nullptr);
 
     // Refills the object selector and the rows for the current selection, keeping the chosen
@@ -42,6 +45,12 @@ class PropertyPanel : public QWidget {
     // Checks text against row (0-based) and stores it as one undoable step; a bad value gets
     // its message and changes nothing. True when the value was accepted.
     bool ApplyText(int row, const QString& text);
+    // Stores the value being typed or chosen in the list, if any, on the object and property
+    // it was opened for, before anything else happens.
+    void CommitPendingEdit();
+    // The list's editor: opened on row, and its value handed over when it closes.
+    void EditorOpened(int row, QWidget* editor);
+    void Stage(const QString& text);
     // The > button of the chosen row: browses for a file.
     void BrowseForRow();
 
@@ -58,14 +67,27 @@ class PropertyPanel : public QWidget {
     void editColumnsRequested();
 
   private:
+    // A value for a row of the object (or page) at Place.
+    struct Edit {
+        PropertyRow Row;
+        RowPlace Place;
+        QString Text;
+    };
+    Edit EditOf(int row) const;
+    bool StillThere(const RowPlace& place) const;
+    bool Apply(const Edit& edit);
+    void ApplyStaged();
     void FillRows();
     void ShowHelp();
     QString ValueText(const PropertyRow& row) const;
 
     EditorState& state_;
-    UndoManager& undo_;
+    EditorHistory& history_;
     EditorDialogs& dialogs_;
     std::vector<PropertyRow> rows_;
+    QPointer<QWidget> editor_;    // the open editor, if any
+    std::optional<Edit> editing_;  // what it was opened for
+    std::optional<Edit> staged_;   // its value, waiting for the editor to close
     bool objectClickUpdate_ = true;
     QComboBox* objects_;
     QTableWidget* list_;

@@ -3,7 +3,7 @@
 #include "editor/EditStep.h"
 #include "editor/EditorFixture.h"
 #include "editor/Manipulation.h"
-#include "editor/UndoManager.h"
+#include "editor/EditorHistory.h"
 #include "render/SelectionMarkSet.h"
 
 using namespace paginox;
@@ -64,16 +64,14 @@ TEST(Manipulation, ResizingBoxesTrianglesAndWheels) {
 
 TEST(Manipulation, CommittingADragSetsFractionsOfTheMargin) {
     test::EditorFixture fx;
-    UndoManager undo([&](int32_t id, const PropertyValue& v, int16_t f, int16_t o, int16_t s) {
-        SetProperty(fx.state, id, v, f, o, s);
-    });
+    EditorHistory history(fx.state);
     auto commit = [&](int16_t drag, float dx, float dy) {
-        EditStep step(fx.state, undo);
+        EditStep step(history);
         return CommitDrag(fx.state, step, drag, dx, dy);
     };
     fx.state.SelectedObject = 1;  // box at (120, 60) in a margin of 400 x 300 at (100, 50)
     EXPECT_FALSE(commit(kDragMove, 1, -1));  // a click
-    EXPECT_EQ(undo.UndoCount(), 0);
+    EXPECT_EQ(history.Count(), 0);
     EXPECT_TRUE(commit(kDragMove, 80, 40));
     EXPECT_FLOAT_EQ(fx.Object(1).Origin(1), 0.25f);        // (200 - 100) / 400
     EXPECT_FLOAT_EQ(fx.Object(1).Origin(2), 50.0f / 300);  // (100 - 50) / 300
@@ -81,9 +79,9 @@ TEST(Manipulation, CommittingADragSetsFractionsOfTheMargin) {
     EXPECT_FLOAT_EQ(fx.Object(1).Origin(1), 0.05f);  // the stored rectangle is unchanged
     EXPECT_FLOAT_EQ(fx.Object(1).Length(1), 0.5f);   // 200 / 400
     EXPECT_FLOAT_EQ(fx.Object(1).Length(2), 80.0f / 300);
-    EXPECT_EQ(undo.UndoCount(), 2);
-    undo.Undo();
-    undo.Undo();
+    EXPECT_EQ(history.Count(), 2);
+    history.Undo();
+    history.Undo();
     EXPECT_TRUE(fx.state.Page->IsEqual(fx.state.SavedPage.get()));
     // Moves stop at the margin's edges, resizes at the edge they pull.
     EXPECT_TRUE(commit(kDragMove, -100, -100));

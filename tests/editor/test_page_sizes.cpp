@@ -4,7 +4,7 @@
 #include "editor/EditorFixture.h"
 #include "editor/ListColumns.h"
 #include "editor/PageSizeSetup.h"
-#include "editor/UndoManager.h"
+#include "editor/EditorHistory.h"
 #include "support/RecordingMessages.h"
 #include "support/ScriptedPrinter.h"
 
@@ -125,16 +125,14 @@ TEST(ListColumns, ChooseOrderApplyAndUndo) {
     columns.Remove(0);
     EXPECT_LT(columns.NeededWidth(*fx.state.CurrentFormat), wider);
 
-    UndoManager undo([&](int32_t id, const PropertyValue& v, int16_t f, int16_t o, int16_t s) {
-        SetProperty(fx.state, id, v, f, o, s);
-    });
+    EditorHistory history(fx.state);
     {
-        EditStep step(fx.state, undo);
+        EditStep step(history);
         EXPECT_TRUE(columns.Apply(step, 1, 1));
     }
-    EXPECT_EQ(std::tuple(obj.PL_Columns(1), obj.PL_Columns(3), undo.UndoCount()),
+    EXPECT_EQ(std::tuple(obj.PL_Columns(1), obj.PL_Columns(3), history.Count()),
               std::tuple(200, 0, 1));
-    undo.Undo();
+    history.Undo();
     EXPECT_EQ(std::tuple(obj.PL_Columns(1), obj.PL_Columns(3)), std::tuple(7, 3));
 
     columns.Defaults();

@@ -94,26 +94,4 @@ TEST(UndoManager, ANewStepKeepsWhatCanBeRedone) {
     EXPECT_EQ(test::ErrorOf([&] { m.AddRestoreObject(1, 0, 1, 0, 0, 0); }), kObjectNotSet);
 }
 
-TEST(UndoManager, EditStepsRestoreThePageThroughSetProperty) {
-    test::EditorFixture fx;
-    UndoManager m([&](int32_t id, const PropertyValue& v, int16_t f, int16_t o, int16_t s) {
-        SetProperty(fx.state, id, v, f, o, s);
-    });
-    fx.state.SelectedObject = 2;
-    {
-        EditStep step(fx.state, m);
-        EXPECT_TRUE(step.Set(kPropOrigin, 0.1, 0, 0, 1));
-        EXPECT_FALSE(step.Set(kPropFontSize, fx.Object(2).FontSize(), 0, 0, 0));  // unchanged
-        step.Set(kPropListAbbreviation, std::string("X"), 0, 0, 0);
-    }
-    ASSERT_EQ(m.UndoCount(), 1);
-    EXPECT_EQ(m.TopOfUndo()->Count(), 2);
-    fx.state.SelectedObject = 1;  // undo reaches object 2 although the selection moved on
-    m.Undo();
-    EXPECT_TRUE(fx.state.Page->IsEqual(fx.state.SavedPage.get()));
-    m.Redo();
-    EXPECT_EQ(fx.Object(2).Origin(1), 0.1f);
-    EXPECT_EQ(fx.state.Page->ListAbbreviation(), "X");
-}
-
 }  // namespace

@@ -8,7 +8,7 @@
 #include "editor/PreviewReadout.h"
 #include "editor/PreviewZoom.h"
 #include "editor/RecentFiles.h"
-#include "editor/UndoManager.h"
+#include "editor/EditorHistory.h"
 #include "model/PageFormat.h"
 #include "persist/Folders.h"
 #include "support/ScopedAppFolders.h"
@@ -35,20 +35,18 @@ TEST(PreviewZoom, StepsThroughTheLadderAndSizesTheSurfaceForTheFactor) {
 TEST(Manipulation, NudgesMoveByFormatPixelsWithinThePageAndTabWraps) {
     test::EditorFixture fx;
     fx.state.CurrentFormat->SetXPixels(1010), fx.state.CurrentFormat->SetYPixels(510);
-    UndoManager undo([&](int32_t id, const PropertyValue& v, int16_t f, int16_t o, int16_t s) {
-        SetProperty(fx.state, id, v, f, o, s);
-    });
+    EditorHistory history(fx.state);
     fx.state.SelectedObject = 1;
     const float x = fx.Object(1).Origin(1);
     {
-        EditStep run(fx.state, undo);
+        EditStep run(history);
         EXPECT_TRUE(NudgeSelected(fx.state, run, 3, 0));
         EXPECT_TRUE(NudgeSelected(fx.state, run, 7, 0));
     }
     // Inside margins of 1% each side the printable area is 989.8 of the 1010 pixels.
     EXPECT_NEAR(fx.Object(1).Origin(1) - x, 10 / 989.8, 1e-6);
-    EXPECT_EQ(undo.UndoCount(), 1);
-    EditStep step(fx.state, undo);
+    EXPECT_EQ(history.Count(), 1);
+    EditStep step(history);
     NudgeSelected(fx.state, step, -5000, -5000);
     EXPECT_EQ(std::pair(fx.Object(1).Origin(1), fx.Object(1).Origin(2)), std::pair(0.0f, 0.0f));
     EXPECT_EQ(SelectionReadout(fx.state), "Object 1: Point List at 10, 5 px, 396 x 200 px");
