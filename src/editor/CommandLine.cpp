@@ -75,13 +75,22 @@ CommandLine ParseCommandLine(const std::string& line, char sep) {
     return result;
 }
 
-std::string JoinArguments(const std::vector<std::string>& args) {
-    std::string line;
-    for (const auto& a : args) {
-        if (!line.empty()) line += ' ';
-        line += a.find(' ') == std::string::npos ? a : '"' + a + '"';
+CommandLine ParseArguments(const std::vector<std::string>& args) {
+    CommandLine result;
+    bool named = false;
+    for (const std::string& arg : args) {
+        bool isSwitch = !arg.empty() && arg.front() == '/';
+        std::string_view name = isSwitch ? std::string_view(arg).substr(1) : std::string_view();
+        if (isSwitch && EqualsIgnoreCase(name, kDebugSwitch)) {
+            result.DebugMode = true;
+        } else if (isSwitch && StartsWithIgnoreCase(name, kPageSizeSwitch)) {
+            result.StartPageSizeIndex = LeadingWholeNumber(name.substr(kPageSizeSwitch.size()));
+        } else if (!named && !arg.empty()) {
+            result.FileName = arg;
+            named = true;
+        }
     }
-    return line;
+    return result;
 }
 
 }  // namespace paginox

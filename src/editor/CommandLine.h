@@ -28,8 +28,9 @@ struct CommandLine {
 // start a word and hold no further "/", so "/home/me/a.pag" stays a file name.
 CommandLine ParseCommandLine(const std::string& line, char sep = kNativeSeparator);
 
-// The program's arguments joined into one line the way a shell would have passed it: an
-// argument holding a space is put in double quotes.
-std::string JoinArguments(const std::vector<std::string>& args);
+// The program's arguments, each taken whole: "/Debug" and "/PageSizeIndex=n" (any letter
+// case) are switches as above; the first other argument is the file name, exactly as given,
+// quotes and spaces included (a shell has already taken its own quotes away).
+CommandLine ParseArguments(const std::vector<std::string>& args);
 
 }  // namespace paginox

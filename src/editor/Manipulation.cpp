@@ -70,8 +70,9 @@ std::pair<int32_t, int32_t> DraggedSpan(int32_t low, int32_t high, int32_t dLow,
     int32_t fixed = dLow != 0 ? high : low;
     int32_t moving = dLow != 0 ? CheckedAdd(low, dLow) : CheckedAdd(high, dHigh);
     if (std::abs(CheckedSub(moving, fixed)) < kMinObjectSide) {
-        moving = moving >= fixed ? CheckedAdd(fixed, kMinObjectSide)
-                                 : CheckedSub(fixed, kMinObjectSide);
+        // Kept on the side it is on; an edge dropped on the other stays on its own side.
+        bool below = moving == fixed ? dLow != 0 : moving < fixed;
+        moving = below ? CheckedSub(fixed, kMinObjectSide) : CheckedAdd(fixed, kMinObjectSide);
     }
     return {std::min(fixed, moving), std::max(fixed, moving)};
 }
@@ -129,8 +130,8 @@ RectClass DraggedRect(const RectClass& rect, int16_t shape, int16_t dragMode, in
 PageObject LandedObject(const EditorState& state, int16_t dragMode, float dx, float dy) {
     std::shared_ptr<PageObject> obj = state.Selected();
     const RectClass& margin = state.Rects.Margin;
-    RectClass moved = DraggedRect(state.Rects.Object(state.SelectedObject),
-                                  obj->POClass().Shape(), dragMode, ToInt32(dx), ToInt32(dy));
+    RectClass moved = DraggedRect(state.Rects.Object(state.SelectedObject), obj->POClass().Shape(),
+                                  dragMode, ToInt32(dx), ToInt32(dy));
     // The drawing places every shape by its top-left corner (Origin), a wheel included, so
     // that is the point a move or resize sets; a wheel's own centre would shift it by its
     // radius on every drag.

@@ -46,6 +46,7 @@ std::vector<DrawProblem> DrawFormatOn(QPaintDevice& device, int16_t pageNumChart
 std::vector<DrawProblem> DrawToImage(QBuffer& out, int width, int height, int16_t numCharts,
                                      const PageFormat& format, const PictureOptions& options) {
     QImage image(width, height, QImage::Format_RGB32);
+    if (image.isNull()) throw RuntimeError(kOutOfMemory);  // the memory could not be had
     std::vector<DrawProblem> problems = DrawFormatOn(image, numCharts, format, options);
     if (!image.save(&out, "PNG")) throw RuntimeError(kDeviceIOError);
     return problems;
@@ -114,8 +115,18 @@ std::optional<PictureKind> PictureKindOf(const std::string& path) {
     return std::nullopt;
 }
 
+std::string PictureSizeProblem(PictureKind kind, int width, int height) {
+    if (kind != PictureKind::Png || int64_t(width) * height <= kMaxImagePixels) return "";
+    return "A picture of " + std::to_string(width) + " x " + std::to_string(height) +
+           " pixels is too large to be made in memory (at most " +
+           std::to_string(kMaxImagePixels / 1'000'000) +
+           " million pixels); export it as SVG or PDF, or choose a smaller page size.";
+}
+
 Picture DrawPicture(PictureKind kind, int width, int height, int16_t pageNumCharts,
                     const PageFormat& format, const PictureOptions& options) {
+    std::string tooLarge = PictureSizeProblem(kind, width, height);
+    if (!tooLarge.empty()) throw RuntimeError(kOutOfMemory, tooLarge);
     QByteArray bytes;
     std::vector<DrawProblem> problems;
     {

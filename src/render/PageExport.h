@@ -37,9 +37,15 @@ struct Picture {
     std::vector<DrawProblem> Problems;  // what could not be drawn
 };
 
+// A PNG is drawn whole in memory before it is written: at most this many pixels (256 MB).
+inline constexpr int64_t kMaxImagePixels = 64'000'000;
+// Why a picture of that kind and size cannot be made ("" when it can).
+std::string PictureSizeProblem(PictureKind kind, int width, int height);
+
 // The format drawn as a picture file of width x height pixels; a PDF page measures those
 // pixels at the format's pixels per inch (96 when it has none), so a printer format comes out at
-// its paper size. Raises what the drawing raises.
+// its paper size. Raises what the drawing raises, and "Out of memory" (7) with
+// PictureSizeProblem's text for a PNG too large to hold.
 Picture DrawPicture(PictureKind kind, int width, int height, int16_t pageNumCharts,
                     const PageFormat& format, const PictureOptions& options);
 

@@ -2,8 +2,10 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QRegularExpression>
+#include <QTreeView>
 
 #include "editor/FileRoutines.h"
 #include "editor/QtText.h"
@@ -11,6 +13,18 @@
 namespace paginox {
 
 namespace {
+
+// The details view, its names given the room left by sizes, kinds and dates shown whole.
+void ShowWholeColumns(QFileDialog& dialog) {
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setViewMode(QFileDialog::Detail);
+    if (auto* tree = dialog.findChild<QTreeView*>("treeView")) {
+        QHeaderView* header = tree->header();
+        header->setStretchLastSection(false);
+        header->setSectionResizeMode(QHeaderView::ResizeToContents);
+        header->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+}
 
 std::optional<std::string> RunFileDialog(QWidget* parent, const FileDialogSpec& request,
                                          bool saving) {
@@ -37,6 +51,7 @@ std::optional<std::string> RunFileDialog(QWidget* parent, const FileDialogSpec& 
         dialog.selectFile(FromPath(request.FileName));
     }
     dialog.resize(dialog.sizeHint().expandedTo(QSize(880, 560)));
+    ShowWholeColumns(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return std::nullopt;
     }

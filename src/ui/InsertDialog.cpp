@@ -69,6 +69,7 @@ InsertDialog::InsertDialog(EditorState& state, const PageObjectClasses& classes,
     layout->addLayout(top, 1);
     layout->addLayout(buttons);
     resize(520, 380);
+    insert_->setEnabled(false);  // until an object is chosen
 
     connect(objects_, &QListWidget::currentRowChanged, this, [this] { ShowClass(); });
     connect(objects_, &QListWidget::itemDoubleClicked, this, [this] { InsertSelected(); });
@@ -79,6 +80,7 @@ InsertDialog::InsertDialog(EditorState& state, const PageObjectClasses& classes,
 void InsertDialog::ShowClass() {
     QListWidgetItem* item = objects_->currentItem();
     int16_t tag = item ? static_cast<int16_t>(item->data(Qt::UserRole).toInt()) : 0;
+    insert_->setEnabled(tag != 0);  // a group's heading is no object
     if (tag == 0) {
         description_->clear();
         preview_->clear();

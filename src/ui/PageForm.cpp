@@ -49,10 +49,7 @@ constexpr int kSidePanelWidth = 340;
 }  // namespace
 
 PageForm::PageForm(EditorState& state, EditorDialogs& dialogs, QWidget* parent)
-    : QMainWindow(parent),
-      state_(state),
-      dialogs_(dialogs),
-      flow_(state, *this) {
+    : QMainWindow(parent), state_(state), dialogs_(dialogs), flow_(state, *this) {
     setObjectName("PageForm");
     setWindowTitle("Paginox");
     ShowPopup = [](QMenu& menu, const QPoint& pos) { menu.exec(pos); };
@@ -215,10 +212,11 @@ void PageForm::BuildControls() {
 }
 
 void PageForm::Load(const std::string& commandLine) {
-    state_.StartPageSizeIndex = 0;
+    Load(ParseCommandLine(commandLine));
+}
+
+void PageForm::Load(const CommandLine& parsed) {
     state_.PendingReset = false;
-    state_.DebugMode = false;
-    CommandLine parsed = ParseCommandLine(commandLine);
     state_.CurrentFile = parsed.FileName;
     state_.StartPageSizeIndex = parsed.StartPageSizeIndex;
     state_.DebugMode = parsed.DebugMode;

@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 
+#include "editor/CommandLine.h"
 #include "editor/DocumentFlow.h"
 #include "editor/EditStep.h"
 #include "editor/EditorHistory.h"
@@ -43,6 +44,7 @@ class PageForm : public QMainWindow, private DocumentHost {
     // The load handler: reads the command line, then opens the named file when it exists
     // or makes a new page.
     void Load(const std::string& commandLine);
+    void Load(const CommandLine& parsed);
 
     void SetObjectClickUpdate(bool update);
     void OpenWorkFile();
@@ -119,6 +121,8 @@ class PageForm : public QMainWindow, private DocumentHost {
     void SizePreview();
     void ShowZoom();
     void ShowSelectionReadout();
+    // A passing note in the status bar, shortened in the middle to the room there is.
+    void ShowNote(const QString& text);
     // The pointer's place on the preview (off it: (-1, -1)).
     void ShowPointer(const QPointF& onPreview);
     // Arrow keys: one undo step for a run of presses, ended by a pause or anything else.

@@ -119,7 +119,7 @@ void PageForm::DescriptionEdited() {
 
 void PageForm::TranslateToXml() {
     std::optional<std::string> written = TranslateToXML(state_.CurrentFile, state_.Page.get());
-    if (written) statusBar()->showMessage("Translated to " + FromPath(*written), 8000);
+    if (written) ShowNote("Translated to " + FromPath(*written));
 }
 
 void PageForm::BrowsePages() {

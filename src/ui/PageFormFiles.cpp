@@ -32,7 +32,6 @@ namespace paginox {
 
 namespace {
 
-constexpr int kNoteMs = 8000;
 constexpr const char* kExportFilter =
     "PNG Image (*.png)|*.png|SVG Drawing (*.svg)|*.svg|PDF Document (*.pdf)|*.pdf";
 
@@ -57,8 +56,7 @@ void PageForm::FillRecentMenu() {
     if (!dropped.empty()) {
         QStringList names;
         for (const std::string& path : dropped) names << QFileInfo(FromPath(path)).fileName();
-        statusBar()->showMessage("No longer there, so left out of Open Recent: " + names.join(", "),
-                                 kNoteMs);
+        ShowNote("No longer there, so left out of Open Recent: " + names.join(", "));
     }
     int number = 0;
     for (const std::string& path : recent.Files()) {
@@ -140,6 +138,11 @@ void PageForm::ExportFormat() {
             request.FileName = *chosen;
         }
     }
+    std::string tooLarge = PictureSizeProblem(*kind, format->XPixels(), format->YPixels());
+    if (!tooLarge.empty()) {
+        ShowMessage(tooLarge, "Export", MsgIcon::Exclamation);
+        return;
+    }
     PictureOptions options;
     options.Title = ToPath(name);
     Picture picture = DrawPicture(*kind, format->XPixels(), format->YPixels(),
@@ -152,7 +155,7 @@ void PageForm::ExportFormat() {
         return;
     }
     lastExport_ = *chosen;
-    statusBar()->showMessage("Exported to " + FromPath(*chosen), kNoteMs);
+    ShowNote("Exported to " + FromPath(*chosen));
 }
 
 void PageForm::PrintOn(QPrinter& printer) {

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStatusBar>
 
 #include "editor/EditorState.h"
 #include "editor/Manipulation.h"
@@ -26,6 +27,8 @@ namespace {
 
 // A run of arrow presses ends after this pause; the next press starts a new undo step.
 constexpr int kNudgeRunMs = 1000;
+// How long a passing note stays in the status bar.
+constexpr int kNoteMs = 8000;
 
 SurfaceSize SizeOf(const QWidget* widget) {
     return SurfaceSize{widget->width(), widget->height()};
@@ -124,6 +127,19 @@ void PageForm::ZoomTo(const std::function<void()>& change, std::optional<QPointF
 void PageForm::ShowPointer(const QPointF& onPreview) {
     pointerReadout_->setText(
         FromAnsi(PointerReadout(state_, float(onPreview.x()), float(onPreview.y()))));
+}
+
+void PageForm::ShowNote(const QString& text) {
+    int room = statusBar()->width() - 48;
+    for (QWidget* beside :
+         {static_cast<QWidget*>(pointerReadout_), static_cast<QWidget*>(zoomReadout_),
+          statusBar()->findChild<QWidget*>("lblDemoData")}) {
+        if (beside && beside->isVisible()) room -= beside->width();
+    }
+    // Shortened in the middle: a path keeps its start and the file's name.
+    QString shown =
+        statusBar()->fontMetrics().elidedText(text, Qt::ElideMiddle, std::max(room, 80));
+    statusBar()->showMessage(shown, kNoteMs);
 }
 
 void PageForm::ShowZoom() {

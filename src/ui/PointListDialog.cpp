@@ -87,8 +87,12 @@ PointListDialog::PointListDialog(const PageObject& obj, const PageFormat& format
     right->addWidget(defaults_);
     right->addStretch();
     auto* lists = new QGridLayout;
-    lists->addWidget(new QLabel("Available columns:", this), 0, 0);
-    lists->addWidget(new QLabel("Columns shown, in order:", this), 0, 2);
+    availableHeading_ = new QLabel("A&vailable columns:", this);
+    availableHeading_->setBuddy(available_);
+    chosenHeading_ = new QLabel("Columns &shown, in order:", this);
+    chosenHeading_->setBuddy(chosen_);
+    lists->addWidget(availableHeading_, 0, 0);
+    lists->addWidget(chosenHeading_, 0, 2);
     lists->addWidget(available_, 1, 0);
     lists->addLayout(middle, 1, 1);
     lists->addWidget(chosen_, 1, 2);
@@ -140,6 +144,13 @@ QPushButton* PointListDialog::MakeButton(const char* name, const QString& text,
 }
 
 bool PointListDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        // The heading of the list that has the keyboard is bold: its keys act on it.
+        QLabel* heading = watched == available_ ? availableHeading_ : chosenHeading_;
+        QFont font = heading->font();
+        font.setBold(event->type() == QEvent::FocusIn);
+        heading->setFont(font);
+    }
     if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
     // Enter or Insert adds the highlighted column, Delete removes one, Ctrl+Up and Ctrl+Down
     // move it.
@@ -230,7 +241,8 @@ void PointListDialog::UpdateControls() {
     up_->setEnabled(editable && row >= 1);
     down_->setEnabled(editable && row >= 0 && row + 1 < chosen_->count());
     defaults_->setEnabled(editable);
-    ok_->setEnabled(editable);
+    // A list shows at least one column.
+    ok_->setEnabled(editable && !columns_.Chosen().empty());
     available_->setEnabled(editable);
 
     int32_t needed = columns_.NeededWidth(format_);
@@ -242,11 +254,15 @@ void PointListDialog::UpdateControls() {
                        .arg(box);
     if (needed > box) text += " The columns do not fit: widen the box or drop a column.";
     width_->setText(text);
-    count_->setText(columns_.Full()
-                        ? QString("%1 columns: the list is full.").arg(PageObject::kMaxColumns)
-                        : QString("%1 of at most %2 columns")
-                              .arg(columns_.Chosen().size())
-                              .arg(PageObject::kMaxColumns));
+    if (columns_.Chosen().empty()) {
+        count_->setText("No columns: choose at least one to show.");
+    } else if (columns_.Full()) {
+        count_->setText(QString("%1 columns: the list is full.").arg(PageObject::kMaxColumns));
+    } else {
+        count_->setText(QString("%1 of at most %2 columns")
+                            .arg(columns_.Chosen().size())
+                            .arg(PageObject::kMaxColumns));
+    }
 }
 
 }  // namespace paginox

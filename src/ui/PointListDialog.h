@@ -49,6 +49,8 @@ class PointListDialog : public QDialog {
     const PageFormat& format_;
     QListWidget* available_;
     QListWidget* chosen_;
+    QLabel* availableHeading_;
+    QLabel* chosenHeading_;
     QLabel* width_;
     QLabel* count_;
     QPushButton* add_;

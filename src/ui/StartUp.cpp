@@ -77,7 +77,7 @@ int RunEditor(GuardedApplication& app) {
     args.removeFirst();
     std::vector<std::string> words;
     for (const QString& a : args) words.push_back(ToPath(a));
-    form.Load(JoinArguments(words));
+    form.Load(ParseArguments(words));
     form.show();
     int status = app.exec();
     app.OnEscapedError = nullptr;

@@ -33,9 +33,22 @@ TEST(CommandLine, SwitchesAreCutOutAndTheRestIsTheFileName) {
     EXPECT_EQ(Parsed("/pagesizeindex=12x /Other C:\\Pages\\b.pag /DEBUG", '\\'),
               "'C:\\Pages\\b.pag' 1 12");
     EXPECT_EQ(Parsed("/tmp/x.pag", '\\'), "'' 0 0");
-    EXPECT_EQ(JoinArguments({"My Pages/a.pag", "/Debug"}), "\"My Pages/a.pag\" /Debug");
-    EXPECT_EQ(Parsed(JoinArguments({"/tmp/My Pages/a.pag", "/Debug"})),
-              "'/tmp/My Pages/a.pag' 1 0");
+}
+
+TEST(CommandLine, ArgumentsAreTakenWholeQuotesAndSpacesIncluded) {
+    const std::pair<std::vector<std::string>, const char*> cases[] = {
+        {{"/tmp/My Pages/a.pag", "/Debug"}, "'/tmp/My Pages/a.pag' 1 0"},
+        {{"/pagesizeindex=2", "/tmp/\"quoted\" name.pag"}, "'/tmp/\"quoted\" name.pag' 0 2"},
+        {{"\"a b.pag\""}, "'\"a b.pag\"' 0 0"},
+        {{"/tmp/x /Debug.pag", "second.pag"}, "'/tmp/x /Debug.pag' 0 0"},
+        {{"", "/DEBUG"}, "'' 1 0"},
+    };
+    for (const auto& [args, parsed] : cases) {
+        CommandLine c = ParseArguments(args);
+        EXPECT_EQ("'" + c.FileName + "' " + std::to_string(c.DebugMode) + " " +
+                      std::to_string(c.StartPageSizeIndex),
+                  parsed);
+    }
 }
 
 TEST(ShortPath, LongPathsKeepTheirStartAndFileName) {

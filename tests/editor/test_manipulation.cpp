@@ -2,8 +2,8 @@
 
 #include "editor/EditStep.h"
 #include "editor/EditorFixture.h"
-#include "editor/Manipulation.h"
 #include "editor/EditorHistory.h"
+#include "editor/Manipulation.h"
 #include "render/SelectionMarkSet.h"
 
 using namespace paginox;
@@ -46,6 +46,9 @@ TEST(Manipulation, ResizingBoxesTrianglesAndWheels) {
         // The left edge dragged 70 pixels right passes the right edge: the edges swap.
         {kShapeBox, kHandleLeft, 70, 0, "(150,100)-(170,140)"},
         {kShapeBox, kHandleBottom, 0, -60, "(100,80)-(150,100)"},
+        // An edge dragged onto the other keeps a side that can still be caught.
+        {kShapeBox, kHandleLeft, 50, 0, "(144,100)-(150,140)"},
+        {kShapeBox, kHandleBottom, 0, -38, "(100,100)-(150,106)"},
         // Triangle: the left handle is the left edge; the slant's centre follows the pointer.
         {kShapeTriangle, kHandleTriangleLeft, -10, 0, "(90,100)-(150,140)"},
         {kShapeTriangle, kHandleSlant, 5, -5, "(100,90)-(160,140)"},
@@ -70,6 +73,10 @@ TEST(Manipulation, CommittingADragSetsFractionsOfTheMargin) {
         return CommitDrag(fx.state, step, drag, dx, dy);
     };
     fx.state.SelectedObject = 1;  // box at (120, 60) in a margin of 400 x 300 at (100, 50)
+    // The outline drawn during a drag shows where the object will land: inside the margin.
+    EXPECT_EQ(LandedOutline(fx.state, kDragMove, 10, 20).ToString(), "(130,80)-(230,160)");
+    RectClass far = LandedOutline(fx.state, kDragMove, -500, 900);
+    EXPECT_EQ(std::pair(far.Left(), far.Bottom() <= 350), std::pair(100, true));
     EXPECT_FALSE(commit(kDragMove, 1, -1));  // a click
     EXPECT_EQ(history.Count(), 0);
     EXPECT_TRUE(commit(kDragMove, 80, 40));

@@ -1,10 +1,11 @@
 #include <gtest/gtest.h>
 
+#include "core/Rounding.h"
 #include "editor/EditStep.h"
 #include "editor/EditorFixture.h"
+#include "editor/EditorHistory.h"
 #include "editor/ListColumns.h"
 #include "editor/PageSizeSetup.h"
-#include "editor/EditorHistory.h"
 #include "support/RecordingMessages.h"
 #include "support/ScriptedPrinter.h"
 
@@ -113,6 +114,10 @@ TEST(ListColumns, ChooseOrderApplyAndUndo) {
     PageObject& obj = fx.Object(1);
     for (int16_t k = 1; k <= 3; ++k) obj.SetPL_Columns(k, uint8_t(k == 2 ? 200 : 9 - k * 2));
     ListColumns columns(obj);  // 7, 200, 3
+    // The box's width is a share of the printable area, inside the margins.
+    obj.SetLength(1, 0.5f);
+    EXPECT_EQ(ListColumns(obj).BoxWidth(*fx.state.CurrentFormat),
+              ToInt32(fx.state.CurrentFormat->PrintablePixels(1) * 0.5));
     EXPECT_EQ(columns.Label(200), "Column 200");
     ASSERT_EQ(columns.Available().size(), 2u);  // 5 and 9
 

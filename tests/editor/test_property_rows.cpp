@@ -77,7 +77,16 @@ TEST(PropertyRows, ValuesAreCheckedBeforeAnythingIsStored) {
               test::GoldenLines("editor/row_inputs.txt", "point list, comma separator"));
     fx.state.SelectedObject = 0;
     EXPECT_EQ(Outcomes(fx.state, "page"), test::GoldenLines("editor/row_inputs.txt", "page"));
-    // Numbers show rounded to four decimals, with the user's separator.
+    EXPECT_EQ(Outcomes(fx.state, "page, comma separator", ','),
+              test::GoldenLines("editor/row_inputs.txt", "page, comma separator"));
+    // Numbers show rounded to four decimals, with the user's separator, angles as well.
+    fx.state.SelectedObject = 1;
+    fx.Object(1).SetModulus(10.199722f);
+    auto rows = BuildPropertyRows(fx.state);
+    auto modulus =
+        std::find_if(rows.begin(), rows.end(), [](auto& r) { return r.Label == "Modulus"; });
+    ASSERT_NE(modulus, rows.end());
+    EXPECT_EQ(RowValueText(fx.state, *modulus, {}, ','), "10,1997");
     EXPECT_EQ(ShownNumber(0.54456824f, '.') + " " + ShownNumber(0.5, ',') + " " +
                   ShownNumber(-0.00001, '.') + " " + ShownNumber(12.0, ','),
               "0.5446 0,5 0 12");

@@ -101,6 +101,10 @@ TEST_F(RenderCommand, UsageErrorsAndFailures) {
     EXPECT_EQ(messages.Last().substr(0, 11), "Open Error:");
     EXPECT_EQ(Render(page + " -o " + dir / "no/such/folder.png").first, kExitFailure);
     EXPECT_EQ(messages.shown.back().text.rfind("Error whilst writing the image ", 0), 0u);
+    // A picture too large to hold in memory is refused with the reason, before any drawing.
+    EXPECT_EQ(Render(page + " -o " + out + " --size 16000x16000").first, kExitFailure);
+    EXPECT_NE(messages.shown.back().text.find("too large to be made in memory"), std::string::npos);
+    EXPECT_FALSE(fs::exists(out));
     // Saved as pages are: an image that cannot be replaced keeps every byte.
     dir.Write("out.png", "old");
     fs::permissions(out, fs::perms::owner_read);
