@@ -37,13 +37,13 @@ int ErrorNumberFromErrno(int err);
 
 // A run-time error carrying its classic number; what() is its description.
 class RuntimeError : public std::runtime_error {
-  public:
+public:
     explicit RuntimeError(int number);
     RuntimeError(int number, const std::string& description);
     int Number() const { return number_; }
     std::string Description() const { return what(); }
 
-  private:
+private:
     int number_;
 };
 
