@@ -15,7 +15,10 @@ struct PageCatalogTest : ::testing::Test {
     test::TempDir dir;
     std::string folder = dir / "";
     PageCatalogTest() {
-        setenv("XDG_DATA_HOME", (dir / "trash-home").c_str(), 1);  // the desktop trash
+        // The desktop trash inside the test's folder: the folder must exist, or the trash
+        // is made in the working folder.
+        std::filesystem::create_directories(dir / "trash-home");
+        setenv("XDG_DATA_HOME", (dir / "trash-home").c_str(), 1);
         for (const char* page : {"Natal.pag", "Solar.pag", "Lunar.pag"}) dir.Write(page, "x");
     }
     // "Category: page page | Category: ..." for the catalogue as loaded now.
@@ -71,6 +74,7 @@ TEST_F(PageCatalogTest, PageCommandsKeepFilesAndCatalogueInStep) {
     blank.InitNewPage();
     ASSERT_EQ(catalog.NewPage("Fresh", blank), "");
     ASSERT_EQ(catalog.DeletePage("Lunar.pag"), "");
+    EXPECT_TRUE(std::filesystem::exists(dir / "trash-home/Trash/files/Lunar.pag"));
     EXPECT_EQ(Shown(catalog),
               "Added Recently: Birth copy.pag Fresh.pag Solar.pag | Charts: Birth.pag");
     EXPECT_EQ(Shown(PageCatalog::Load(folder)), Shown(catalog));
