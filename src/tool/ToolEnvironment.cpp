@@ -77,10 +77,9 @@ void QuietSessionNotes(QtMsgType type, const QMessageLogContext& context, const 
 void EnsureGuiApplication() {
     if (QGuiApplication::instance()) return;
     gQtDefaultHandler = qInstallMessageHandler(QuietSessionNotes);
-    if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") &&
-        !std::getenv("QT_QPA_PLATFORM")) {
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    }
+    // The tool only writes files: it never needs a display, and one that is named but cannot
+    // be reached (a stale ssh session, a file manager's sandbox, cron) must not stop it.
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
     static int argc = 1;
     static char name[] = "paginox-tool";
     static char* argv[] = {name, nullptr};
