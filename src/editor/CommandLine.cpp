@@ -93,4 +93,22 @@ CommandLine ParseArguments(const std::vector<std::string>& args) {
     return result;
 }
 
+std::optional<std::string> InformationAsked(const std::vector<std::string>& args,
+                                            const std::string& version) {
+    for (const std::string& arg : args) {
+        if (arg == "--version") return "paginox " + version + "\n";
+        if (arg == "--help" || arg == "-h") {
+            return "Usage: paginox [PAGE.pag] [/PageSizeIndex=n] [/Debug]\n"
+                   "Edits the chart page layouts of the Veltrane astrology program.\n\n"
+                   "  PAGE.pag           the page to open (a new page when none is given)\n"
+                   "  /PageSizeIndex=n   show format n of the page first\n"
+                   "  /Debug             show the Debug menu\n"
+                   "  -h, --help         show this help and exit\n"
+                   "  --version          show the version and exit\n\n"
+                   "See paginox(1) and the user guide (Help > Contents, F1).\n";
+        }
+    }
+    return std::nullopt;
+}
+
 }  // namespace paginox

@@ -4,6 +4,7 @@
 // "/PageSizeIndex=n", in any order.
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,5 +33,10 @@ CommandLine ParseCommandLine(const std::string& line, char sep = kNativeSeparato
 // case) are switches as above; the first other argument is the file name, exactly as given,
 // quotes and spaces included (a shell has already taken its own quotes away).
 CommandLine ParseArguments(const std::vector<std::string>& args);
+
+// What --help (or -h) and --version ask for, printed without opening a window; nothing when
+// the arguments ask for neither.
+std::optional<std::string> InformationAsked(const std::vector<std::string>& args,
+                                            const std::string& version);
 
 }  // namespace paginox

@@ -51,6 +51,12 @@ TEST(CommandLine, ArgumentsAreTakenWholeQuotesAndSpacesIncluded) {
     }
 }
 
+TEST(CommandLine, HelpAndVersionAreAskedForByName) {
+    EXPECT_EQ(InformationAsked({"a.pag", "--version"}, "1.2").value_or(""), "paginox 1.2\n");
+    EXPECT_EQ(InformationAsked({"-h"}, "1.2").value_or("").rfind("Usage: paginox", 0), 0u);
+    EXPECT_FALSE(InformationAsked({"a.pag", "/Debug", "--versions"}, "1.2"));
+}
+
 TEST(ShortPath, LongPathsKeepTheirStartAndFileName) {
     EXPECT_EQ(ShortPath("C:\\Pages\\Twenty1.pag", '\\'), "c:\\pages\\twenty1.pag");  // 20
     EXPECT_EQ(ShortPath("C:\\Pages\\Twenty12.pag", '\\'), "c:\\...\\twenty12.pag");  // 21
