@@ -74,6 +74,7 @@ void DocumentFlow::OpenWorkFile() {
     state_.SelectedObject = 0;
     RememberDiskFile();
     state_.Page = ReadPage(state_.CurrentFile, -1, true);
+    state_.UnreadableFile = state_.Page ? std::string() : state_.CurrentFile;
     if (state_.Page) {
         host_.FileUsed(state_.CurrentFile);
     } else {
@@ -96,7 +97,18 @@ void DocumentFlow::OpenStartFile() {
 }
 
 bool DocumentFlow::Save() {
-    if (!state_.Page || !OverwriteAllowed()) return false;
+    if (!state_.Page) return false;
+    if (!state_.CurrentFile.empty() && state_.CurrentFile == state_.UnreadableFile) {
+        // Never over the damaged file without a word: a name is asked for, the dialog asking
+        // again before it replaces a file.
+        std::string fileName = state_.CurrentFile;
+        bool cancelled = false;
+        host_.ShowSaveAsDialog(fileName, cancelled);
+        if (cancelled) return false;
+        state_.CurrentFile = fileName;
+        state_.UnreadableFile.clear();
+    }
+    if (!OverwriteAllowed()) return false;
     if (!SavePage(state_.CurrentFile, *state_.Page)) return false;
     state_.MarkSaved();
     RememberDiskFile();
@@ -172,6 +184,7 @@ void DocumentFlow::FileSaveAs() {
     host_.ShowSaveAsDialog(fileName, cancelled);
     if (cancelled) return;
     state_.CurrentFile = fileName;
+    state_.UnreadableFile.clear();  // chosen in the dialog, which asked before replacing
     Save();
     host_.RefreshUI(true);
 }

@@ -28,6 +28,9 @@ class EditorState {
     // there), so that a save notices another program having written it in between.
     std::string DiskFile;
     std::optional<FileStamp> DiskStamp;
+    // A file that could not be read when it was opened: it may be all the user has, so it is
+    // never replaced without the user choosing it again in Save As.
+    std::string UnreadableFile;
     std::shared_ptr<PageClass> Page;
     // The page as last loaded, made or saved; the page has changed when it differs from it.
     std::shared_ptr<PageClass> SavedPage;

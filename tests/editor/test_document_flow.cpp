@@ -105,6 +105,28 @@ TEST_F(DocumentFlowTest, SavingAndSaveAs) {
               (std::vector<std::string>{"save:", "save:", "save:" + (dir / "A.pag")}));
 }
 
+TEST_F(DocumentFlowTest, AFileThatFailedToOpenIsNeverReplacedWithoutANewChoice) {
+    const std::string damaged = dir.Write("Damaged.pag", "not a page at all");
+    fx.state.CurrentFile = damaged;
+    flow.OpenWorkFile();
+    EXPECT_EQ(fx.state.CurrentFile, damaged);  // shown under its name, as a new page
+    fx.state.Page->SetDescription("Begun again");
+    flow.FileSave();  // cancelled: the damaged file keeps every byte
+    EXPECT_EQ(test::ReadAll(damaged), "not a page at all");
+    messages.Script({MsgAnswer::Yes});  // the closing question, Yes: still asks for a name
+    flow.Closing();
+    EXPECT_EQ(test::ReadAll(damaged), "not a page at all");
+    host.answers = {dir / "Mended.pag"};
+    flow.FileSave();
+    EXPECT_TRUE(SavedAsIs(dir / "Mended.pag"));
+    EXPECT_EQ(host.dialogs, (std::vector<std::string>{"save:" + damaged, "save:" + damaged,
+                                                      "save:" + damaged}));
+    // Chosen again in Save As, the name may be used.
+    host.answers = {damaged};
+    flow.FileSaveAs();
+    EXPECT_TRUE(SavedAsIs(damaged));
+}
+
 TEST_F(DocumentFlowTest, NewOpenAndClose) {
     Change();
     messages.Script({MsgAnswer::No});
