@@ -110,6 +110,10 @@ int CommandDump(const ToolOptions& options, std::ostream& out) {
     }
     auto page = ReadToolPage(args[0], formatIndex);
     if (!page) return kExitFailure;
+    if (formatIndex > page->NumFormats()) {
+        throw UsageError{"the page has " + std::to_string(page->NumFormats()) +
+                         " formats; there is no format " + std::to_string(formatIndex)};
+    }
     out << PageJson(*page);
     return kExitOk;
 }

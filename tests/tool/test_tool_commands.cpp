@@ -128,6 +128,10 @@ TEST_F(ToolPages, DumpGivesThePageAsJson) {
         QJsonDocument::fromJson(QByteArray::fromStdString(r.out))["Formats"][0].toObject();
     EXPECT_EQ(first["NumObjects"].toInt(), 2);
     EXPECT_EQ(first["Objects"].toArray(), QJsonArray({QJsonValue(), QJsonValue()}));
+    // A format the page does not have is an error, as for render.
+    r = Tool("dump " + page + " --format 9");
+    EXPECT_EQ(r.status, kExitUsage);
+    EXPECT_EQ(r.out, "");
 }
 
 TEST(ToolClasses, PrintsEveryClassOfTheSampleCatalogueWithExactKeysAndShortSingles) {
