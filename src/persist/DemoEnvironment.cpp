@@ -75,14 +75,31 @@ bool CopyTree(const fs::path& from, const std::string& to) {
     return !ec;
 }
 
+// Where the folder table of the demo folders looks for each folder.
+Folders DemoLayout(const SpecialFolders& demo) {
+    Folders layout;
+    NotStartingUp guard;
+    layout.FindFolders(1, demo, '/');  // no settings file yet: program files, documents
+    return layout;
+}
+
+// The demo's settings name its system and user folders: where they are now.
+bool PointSettingsAt(const Folders& layout, const SpecialFolders& demo) {
+    const std::string ini = HostIniIn(demo);
+    const std::string user = PathJoin(Folders::DefaultUserFolder(demo, '/'), '/');
+    for (auto [key, folder] : {std::pair{"SystemDataPath", layout.Path(kSystemDataFolder)},
+                               std::pair{"UserFolder", user}}) {
+        std::string wanted = Utf8ToCp1252(folder);
+        if (ReadProfileString(ini, "Veltrane", key, "") == wanted) continue;
+        if (!WriteProfileString(ini, "Veltrane", key, wanted)) return false;
+    }
+    return true;
+}
+
 // Lays the sample data out where the folder table of the demo folders will look for it and
 // writes the host settings file last, so that an interrupted seeding is redone next time.
 bool Seed(const fs::path& sample, const SpecialFolders& demo) {
-    Folders layout;
-    {
-        NotStartingUp guard;
-        layout.FindFolders(1, demo, '/');  // no settings file yet: program files, documents
-    }
+    Folders layout = DemoLayout(demo);
     const std::string& system = layout.Path(kSystemDataFolder);
     const std::string& user = layout.Path(kUserFolder);
     if (!CopyTree(sample / "System", system) ||
@@ -99,25 +116,25 @@ bool Seed(const fs::path& sample, const SpecialFolders& demo) {
     }
     fs::create_directories(demo.WindowsFolder(), ec);
     if (ec) return false;
-    const std::string ini = HostIniIn(demo);
-    return WriteProfileString(ini, "Veltrane", "SystemDataPath", Utf8ToCp1252(system)) &&
-           WriteProfileString(ini, "Veltrane", "UserFolder", Utf8ToCp1252(user));
+    return PointSettingsAt(layout, demo);
 }
 
 }  // namespace
 
 FolderEnvironment PrepareFolderEnvironment(std::shared_ptr<const SpecialFolders> real,
-                                           const std::string& sampleFolder) {
+                                           const std::string& sampleFolder, bool seed) {
     if (FileExists(HostIniIn(*real))) return {real, false, ""};
     std::string root = GetSpecialFolder(kLocalAppDataFolderId, *real) + "/Paginox/Demo";
     auto demo = std::make_shared<DemoSpecialFolders>(root, real);
+    if (FileExists(HostIniIn(*demo))) {
+        // Made before: only its settings follow a demo folder that was copied or moved.
+        if (seed) PointSettingsAt(DemoLayout(*demo), *demo);
+        return {demo, true, root + "/"};
+    }
     std::error_code ec;
     bool haveSample =
         !sampleFolder.empty() && fs::is_directory(fs::path(sampleFolder) / "System", ec);
-    // Seeding keeps every file already there, so running it each time only brings in sample
-    // files added since the demo was made, never undoing what the user changed.
-    bool seeded = haveSample && Seed(sampleFolder, *demo);
-    if (!seeded && !FileExists(HostIniIn(*demo))) return {real, false, ""};
+    if (!seed || !haveSample || !Seed(sampleFolder, *demo)) return {real, false, ""};
     return {demo, true, root + "/"};
 }
 
@@ -132,8 +149,9 @@ std::string FindSampleFolder(const std::string& programFolder) {
     return "";
 }
 
-bool InitFolders(const std::string& sampleFolder) {
-    FolderEnvironment env = PrepareFolderEnvironment(ProcessSpecialFoldersShared(), sampleFolder);
+bool InitFolders(const std::string& sampleFolder, bool seed) {
+    FolderEnvironment env =
+        PrepareFolderEnvironment(ProcessSpecialFoldersShared(), sampleFolder, seed);
     SetProcessSpecialFolders(env.Special);
     SetStartingUp(true);
     AppFolders().FindFolders(2, *env.Special);

@@ -22,11 +22,12 @@ struct FolderEnvironment {
 };
 
 // The real folders when the host's "Veltrane9.ini" exists in their Windows folder; otherwise
-// the demo environment under LocalAppData/Paginox/Demo/, seeded from sampleFolder on first use
-// and reused afterwards. When there is no sample data, or the copy cannot be made, the real
-// folders are kept.
+// the demo environment under LocalAppData/Paginox/Demo/, seeded from sampleFolder once, on
+// first use, when seed is set; after that the user's deletions, renames and permissions in it
+// stand. Its settings are kept pointing into its own folder, wherever that has been moved.
+// When there is no demo environment and none can be made, the real folders are kept.
 FolderEnvironment PrepareFolderEnvironment(std::shared_ptr<const SpecialFolders> real,
-                                           const std::string& sampleFolder);
+                                           const std::string& sampleFolder, bool seed = true);
 
 // The sample data shipped with the program: share/paginox/sample of its installation prefix,
 // or "sample" beside it, one or two levels up (a build tree). Empty when none is found.
@@ -34,6 +35,6 @@ std::string FindSampleFolder(const std::string& programFolder);
 
 // Start-up's folder step: chooses the environment, makes it the process's, and fills
 // AppFolders() in start-up mode. True when demo data is in use.
-bool InitFolders(const std::string& sampleFolder);
+bool InitFolders(const std::string& sampleFolder, bool seed = true);
 
 }  // namespace paginox

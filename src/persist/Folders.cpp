@@ -52,12 +52,15 @@ std::string HostFolder(const std::string& file, std::string_view key, const std:
     return v ? Cp1252ToUtf8(Trim(*v)) : Trim(def);
 }
 
-
 }  // namespace
 
 const std::string& Folders::SubFolderName(int16_t k) {
     CheckIndex(k, 0, kSubFolderCount - 1);
     return kSubFolders[k];
+}
+
+std::string Folders::DefaultUserFolder(const SpecialFolders& special, char sep) {
+    return GetSpecialFolder(kDocumentsFolderId, special) + sep + "Veltrane User Files";
 }
 
 void Folders::FindFolders(int16_t mode, const SpecialFolders& special, char sep) {
@@ -81,8 +84,8 @@ void Folders::FindFolders(int16_t mode, const SpecialFolders& special, char sep)
     paths_[kLocalDataFolder] = GetSpecialFolder(kLocalAppDataFolderId, special) + HostSubPath(sep);
 
     // The host's setting wins; the documents folder is only the default.
-    std::string docs = GetSpecialFolder(kDocumentsFolderId, special) + sep + "Veltrane User Files";
-    paths_[kUserFolder] = PathJoin(HostFolder(hostIni, "UserFolder", docs), sep);
+    paths_[kUserFolder] =
+        PathJoin(HostFolder(hostIni, "UserFolder", DefaultUserFolder(special, sep)), sep);
 
     paths_[kAsteroidFolder] = paths_[kSystemDataFolder] + "Asteroid" + sep;
     paths_[kSwissEphFolder] =

@@ -63,6 +63,9 @@ class Folders {
     // created or checked here.
     void FindFolders(int16_t mode, const SpecialFolders& special = ProcessSpecialFolders(),
                      char sep = kNativeSeparator);
+    // The user folder when the host's settings name none: in the documents folder.
+    static std::string DefaultUserFolder(const SpecialFolders& special,
+                                         char sep = kNativeSeparator);
 
     const std::string& Path(int16_t i) const;         // 0..20, else "Subscript out of range"
     const std::string& DisplayName(int16_t i) const;  // 0..20

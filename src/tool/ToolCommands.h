@@ -27,7 +27,7 @@ struct UsageError {
 };
 
 // Fills the folder table once, as the editor's start-up does.
-void InitToolFolders();
+bool InitToolFolders(bool seed = true);
 // Fonts need a GUI application; without a display it runs on the offscreen platform.
 void EnsureGuiApplication();
 // A whole-number argument of option what; anything else is a usage error.

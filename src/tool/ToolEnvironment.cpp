@@ -6,6 +6,7 @@
 #include "core/AnsiText.h"
 #include "model/DefinitionTables.h"
 #include "model/PageObjectClasses.h"
+#include "persist/BinaryFile.h"
 #include "persist/DefinitionReaders.h"
 #include "persist/DemoEnvironment.h"
 #include "persist/FileIO_OClass.h"
@@ -37,10 +38,12 @@ void LoadDefinitionsFrom(const std::string& dir) {
 }  // namespace
 
 // The folder table as start-up fills it: the host's installation, or the demo environment.
-// A table already filled (by an earlier command, or a test) is kept.
-void InitToolFolders() {
-    if (!AppFolders().Path(kPagesFolder).empty()) return;
-    InitFolders(FindSampleFolder(ProgramFolder()));
+// A table already filled (by an earlier command, or a test) is kept. True when neither was
+// found (nor made, when seed is not set).
+bool InitToolFolders(bool seed) {
+    if (!AppFolders().Path(kPagesFolder).empty()) return false;
+    bool demo = InitFolders(FindSampleFolder(ProgramFolder()), seed);
+    return !demo && !FileExists(AppFolders().SettingsFile());
 }
 
 void LoadToolDefinitions(const ToolOptions& options) {
@@ -49,7 +52,13 @@ void LoadToolDefinitions(const ToolOptions& options) {
         LoadDefinitionsFrom(*options.dataDir);
         return;
     }
-    InitToolFolders();
+    // Reading or drawing a page makes no demo environment (a file manager's thumbnailer runs
+    // this with a fresh home): without one, the bundled definitions are read where they lie.
+    std::string sample = FindSampleFolder(ProgramFolder());
+    if (InitToolFolders(false) && !sample.empty()) {
+        LoadDefinitionsFrom(PathJoin(sample, kNativeSeparator) + "System");
+        return;
+    }
     LoadDefinitions(AppFolders(), LoadCatalogue);
 }
 

@@ -56,17 +56,44 @@ TEST(DemoEnvironment, SeedsOnceAndRunsThroughTheUsualFolderRules) {
         EXPECT_TRUE(rec.shown.empty());
     }
 
-    // A later run keeps the user's changes and brings in sample files added since.
+    // Seeded once: a later run keeps the user's edits, deletions and permissions, and
+    // brings nothing back.
     dir.Write("home/Local/Paginox/Demo/LocalAppData/Quillon/Veltrane/v9/plist.dfn", "edited");
     dir.Write("sample/User Files/Pages/Added.pag", "new page");
+    fs::remove(page);
+    fs::permissions(f.Path(kSystemDataFolder) + "rulers2.fil", fs::perms::owner_read);
     env = PrepareFolderEnvironment(real, sample);
     EXPECT_EQ(test::ReadAll(f.Path(kLocalDataFolder) + "plist.dfn"), "edited");
-    EXPECT_EQ(test::ReadAll(f.Path(kPagesFolder) + "Added.pag"), "new page");
+    EXPECT_FALSE(fs::exists(f.Path(kPagesFolder) + "Added.pag"));
+    EXPECT_FALSE(fs::exists(page));
+    EXPECT_EQ(fs::status(f.Path(kSystemDataFolder) + "rulers2.fil").permissions() &
+                  fs::perms::owner_write,
+              fs::perms::none);
 
     // Nor does it need the sample any more.
     env = PrepareFolderEnvironment(real, dir / "gone");
     EXPECT_TRUE(env.UsingDemoData);
-    EXPECT_EQ(test::ReadAll(f.Path(kLocalDataFolder) + "plist.dfn"), "edited");
+
+    // A home copied elsewhere goes on with its own copy, system and user folders alike.
+    fs::permissions(f.Path(kSystemDataFolder) + "rulers2.fil", fs::perms::owner_all);
+    fs::rename(dir / "home", dir / "moved");
+    auto moved = std::make_shared<test::FakeSpecialFolders>(dir / "moved", '/');
+    env = PrepareFolderEnvironment(moved, dir / "gone");
+    Folders g;
+    g.FindFolders(2, *env.Special, '/');
+    EXPECT_EQ(g.Path(kSystemDataFolder).rfind(dir / "moved/", 0), 0u);
+    EXPECT_EQ(g.Path(kPagesFolder).rfind(dir / "moved/", 0), 0u);
+}
+
+TEST(DemoEnvironment, ReadingWithoutSeedingMakesNothing) {
+    test::TempDir dir;
+    const std::string sample = MakeSample(dir);
+    auto real = std::make_shared<test::FakeSpecialFolders>(dir / "home", '/');
+    FolderEnvironment env = PrepareFolderEnvironment(real, sample, false);
+    EXPECT_FALSE(env.UsingDemoData);
+    EXPECT_FALSE(fs::exists(dir / "home"));
+    env = PrepareFolderEnvironment(real, sample);
+    EXPECT_TRUE(PrepareFolderEnvironment(real, sample, false).UsingDemoData);  // once made
 }
 
 TEST(DemoEnvironment, HostInstallationOrNoSampleKeepsTheRealFolders) {
