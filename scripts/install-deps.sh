@@ -9,7 +9,7 @@ packages=(
   qt6-base-dev qt6-base-dev-tools qt6-svg-dev libgl1-mesa-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth
-  desktop-file-utils appstream poppler-utils
+  desktop-file-utils appstream poppler-utils lintian
 )
 if [ "${1:-}" = fuzz ]; then
   packages=(cmake ninja-build clang libclang-rt-14-dev qt6-base-dev)

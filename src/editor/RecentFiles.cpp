@@ -1,6 +1,7 @@
 #include "editor/RecentFiles.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "core/AnsiText.h"
 #include "persist/BinaryFile.h"
@@ -28,7 +29,35 @@ RecentFiles RecentFiles::Load() {
     return recent;
 }
 
-void RecentFiles::Add(const std::string& path) {
+std::vector<std::string> RecentFiles::Labels() const {
+    namespace fs = std::filesystem;
+    auto repeated = [&](auto part, const std::string& of) {
+        return std::count_if(files_.begin(), files_.end(),
+                             [&](const std::string& f) { return part(f) == part(of); }) > 1;
+    };
+    auto name = [](const std::string& f) { return fs::path(f).stem().string(); };
+    auto folderName = [](const std::string& f) {
+        return fs::path(f).parent_path().filename().string();
+    };
+    std::vector<std::string> labels;
+    for (const std::string& f : files_) {
+        std::string label = name(f);
+        if (repeated(name, f)) {
+            bool sameFolders =
+                repeated([&](const std::string& g) { return name(g) + "/" + folderName(g); }, f);
+            label +=
+                " (" + (sameFolders ? fs::path(f).parent_path().string() : folderName(f)) + ")";
+        }
+        labels.push_back(label);
+    }
+    return labels;
+}
+
+void RecentFiles::Add(const std::string& given) {
+    // Kept whole, so that it opens from anywhere the program is started.
+    std::error_code ec;
+    std::string path = std::filesystem::absolute(given, ec).lexically_normal().string();
+    if (ec) path = given;
     std::erase_if(files_, [&](const std::string& f) { return f == path; });
     files_.insert(files_.begin(), path);
     if (files_.size() > size_t(kMaxFiles)) files_.resize(kMaxFiles);

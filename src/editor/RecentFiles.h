@@ -16,7 +16,10 @@ class RecentFiles {
     static RecentFiles Load();
 
     const std::vector<std::string>& Files() const { return files_; }
-    // Puts path (native) first, once, and saves the list.
+    // What the menu shows of each file: its name, and where names repeat the folder it is in
+    // (the folder's whole path where those repeat too).
+    std::vector<std::string> Labels() const;
+    // Puts path (native, made absolute) first, once, and saves the list.
     void Add(const std::string& path);
     // Drops the files that are no longer there and saves the list; returns those dropped.
     std::vector<std::string> DropMissing();

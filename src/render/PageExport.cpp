@@ -30,8 +30,8 @@ std::vector<DrawProblem> ClearAndDraw(QtSurface& surface, int16_t numCharts,
                       options.Pictures, &rects);
 }
 
-// The pixels per inch a PDF page takes: the format's own, 96 when it has none.
-int PdfResolution(const PageFormat& format) {
+// Pixels per inch of a format's pictures: its own, or the screen's usual 96.
+int Resolution(const PageFormat& format) {
     return format.LogPixels() > 0 ? format.LogPixels() : kDefaultResolution;
 }
 
@@ -47,6 +47,10 @@ std::vector<DrawProblem> DrawToImage(QBuffer& out, int width, int height, int16_
                                      const PageFormat& format, const PictureOptions& options) {
     QImage image(width, height, QImage::Format_RGB32);
     if (image.isNull()) throw RuntimeError(kOutOfMemory);  // the memory could not be had
+    // The format's own resolution, so that a printer format prints at its paper size.
+    const int dotsPerMeter = static_cast<int>(std::lround(Resolution(format) / 0.0254));
+    image.setDotsPerMeterX(dotsPerMeter);
+    image.setDotsPerMeterY(dotsPerMeter);
     std::vector<DrawProblem> problems = DrawFormatOn(image, numCharts, format, options);
     if (!image.save(&out, "PNG")) throw RuntimeError(kDeviceIOError);
     return problems;
@@ -62,21 +66,23 @@ std::vector<DrawProblem> DrawToSvg(QBuffer& out, int width, int height, int16_t 
     return DrawFormatOn(svg, numCharts, format, options);
 }
 
-// The generator gives the picture's size in millimetres, which readers turn back into pixels
-// at differing resolutions: plain pixels keep the format's size everywhere.
-void SizeInPixels(QByteArray& svg, int width, int height) {
+// The picture's size in inches at the format's resolution, as the PDF measures it, over a
+// view box of its pixels: the generator's own millimetres are rounded and lose the grid.
+void SizeInInches(QByteArray& svg, int width, int height, int dpi) {
     qsizetype start = svg.indexOf("<svg width=\"");
     qsizetype end = svg.indexOf("viewBox=", start);
     if (start < 0 || end < 0) return;
-    QByteArray size =
-        QString::fromLatin1("<svg width=\"%1\" height=\"%2\"\n ").arg(width).arg(height).toLatin1();
+    QByteArray size = QString::fromLatin1("<svg width=\"%1in\" height=\"%2in\"\n ")
+                          .arg(double(width) / dpi, 0, 'g', 8)
+                          .arg(double(height) / dpi, 0, 'g', 8)
+                          .toLatin1();
     svg.replace(start, end - start, size);
 }
 
 std::vector<DrawProblem> DrawToPdf(QBuffer& out, int width, int height, int16_t numCharts,
                                    const PageFormat& format, const PictureOptions& options) {
     QPdfWriter pdf(&out);
-    int dpi = PdfResolution(format);
+    int dpi = Resolution(format);
     pdf.setResolution(dpi);
     pdf.setPageSize(QPageSize(QSizeF(double(width) / dpi, double(height) / dpi), QPageSize::Inch,
                               QString(), QPageSize::ExactMatch));
@@ -144,7 +150,7 @@ Picture DrawPicture(PictureKind kind, int width, int height, int16_t pageNumChar
                 break;
         }
     }
-    if (kind == PictureKind::Svg) SizeInPixels(bytes, width, height);
+    if (kind == PictureKind::Svg) SizeInInches(bytes, width, height, Resolution(format));
     return Picture{bytes.toStdString(), std::move(problems)};
 }
 

@@ -101,13 +101,10 @@ int16_t FormatIndexArg(const std::string& text) {
 }  // namespace
 
 int CommandDump(const ToolOptions& options, std::ostream& out) {
-    const auto& args = options.args;
-    int16_t formatIndex = -1;
-    if (args.size() == 3 && args[1] == "--format") {
-        formatIndex = FormatIndexArg(args[2]);
-    } else if (args.size() != 1) {
-        throw UsageError{"dump takes a page file and optionally --format K"};
-    }
+    std::vector<std::string> args = options.args;
+    std::optional<std::string> format = TakeOption(args, "--format");
+    if (args.size() != 1) throw UsageError{"dump takes a page file and optionally --format K"};
+    int16_t formatIndex = format ? FormatIndexArg(*format) : int16_t(-1);
     auto page = ReadToolPage(args[0], formatIndex);
     if (!page) return kExitFailure;
     if (formatIndex > page->NumFormats()) {

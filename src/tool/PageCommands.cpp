@@ -1,7 +1,11 @@
 // The page commands: info, refs, xml and convert.
 
+#include <unistd.h>
+
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <ostream>
 
@@ -17,6 +21,8 @@
 
 namespace paginox {
 
+namespace fs = std::filesystem;
+
 namespace {
 void ExpectArgs(const ToolOptions& options, size_t min, size_t max, const std::string& usage) {
     if (options.args.size() < min || options.args.size() > max) throw UsageError{usage};
@@ -27,6 +33,15 @@ std::string Terminal(const std::string& ansi) {
     return Cp1252ToUtf8(ansi);
 }
 }  // namespace
+
+std::optional<std::string> TakeOption(std::vector<std::string>& args, const std::string& name) {
+    auto at = std::find(args.begin(), args.end(), name);
+    if (at == args.end()) return std::nullopt;
+    if (at + 1 == args.end()) throw UsageError{name + " needs a value"};
+    std::string value = *(at + 1);
+    args.erase(at, at + 2);
+    return value;
+}
 
 int WholeNumber(std::string_view text, const std::string& what) {
     int v = 0;
@@ -82,31 +97,40 @@ int CommandRefs(const ToolOptions& options, std::ostream& out) {
     LoadToolDefinitions(options);
     int16_t count = 0;
     std::vector<std::string> names;
+    int status = kExitOk;
+    // A page that cannot be read is said and left out; the others are listed all the same.
     for (const std::string& path : options.args) {
         auto page = ReadToolPage(path, -1);
-        if (!page) return kExitFailure;
         try {
-            page->PageReferences(count, names);
+            if (page) page->PageReferences(count, names);
         } catch (const RuntimeError& e) {
-            return ReportPageError(path, e);
+            ReportPageError(path, e);
+            page = nullptr;
         }
+        if (!page) status = kExitFailure;
     }
     for (int16_t i = 0; i < count; ++i) out << Terminal(names[size_t(i)]) << '\n';
-    return kExitOk;
+    return status;
 }
 
 int CommandXml(const ToolOptions& options, std::ostream& out) {
-    const char* usage = "xml takes a page file and optionally -o OUT";
-    ExpectArgs(options, 1, 3, usage);
-    std::optional<std::string> target;
-    if (options.args.size() > 1) {
-        if (options.args.size() != 3 || options.args[1] != "-o") throw UsageError{usage};
-        target = options.args[2];
-    }
-    const std::string& path = options.args[0];
+    std::vector<std::string> args = options.args;
+    std::optional<std::string> target = TakeOption(args, "-o");
+    if (args.size() != 1) throw UsageError{"xml takes a page file and optionally -o OUT"};
+    const std::string& path = args[0];
     auto page = ReadToolPage(path, -1);
     if (!page) return kExitFailure;
     LoadToolDefinitions(options);  // the objects' class names
+    if (target && IsStandardOutput(*target)) {
+        // Written as to any file, then handed on.
+        std::string temporary =
+            fs::temp_directory_path() / ("paginox-xml-" + std::to_string(getpid()));
+        bool written = XMLOutPage().WriteToXML(temporary, *page);
+        if (written) out << ReadWholeFile(temporary);
+        std::error_code ignored;
+        fs::remove(temporary, ignored);
+        return written ? kExitOk : kExitFailure;
+    }
     std::optional<std::string> written;
     if (!target) {
         written = TranslateToXML(path, page.get());
@@ -118,10 +142,14 @@ int CommandXml(const ToolOptions& options, std::ostream& out) {
     return kExitOk;
 }
 
-int CommandConvert(const ToolOptions& options, std::ostream&) {
+int CommandConvert(const ToolOptions& options, std::ostream& out) {
     ExpectArgs(options, 2, 2, "convert takes an input and an output page file");
     auto page = ReadToolPage(options.args[0], -1);
     if (!page) return kExitFailure;
+    if (IsStandardOutput(options.args[1])) {
+        out << PageFileBytes(*page);
+        return kExitOk;
+    }
     return SavePage(options.args[1], *page) ? kExitOk : kExitFailure;
 }
 

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <ostream>
 #include <tuple>
 
@@ -28,13 +29,13 @@ namespace {
 
 constexpr int kMaxImageSide = 16384;
 const char* kRenderUsage =
-    "render takes PAGE -o OUT.png|OUT.svg|OUT.pdf [--format K] [--size WxH|N] [--interactive] "
-    "[--no-labels] "
-    "[--no-pictures]";
+    "render takes PAGE -o OUT.png|OUT.svg|OUT.pdf [--type png|svg|pdf] [--format K] "
+    "[--size WxH|N] [--interactive] [--no-labels] [--no-pictures]";
 
 struct RenderRequest {
     std::string page;
     std::string out;
+    PictureKind kind = PictureKind::Png;
     int16_t format = 1;
     int width = 0;  // 0: the format's own size
     int height = 0;
@@ -46,11 +47,14 @@ struct RenderRequest {
 
 RenderRequest ParseRender(const std::vector<std::string>& args) {
     RenderRequest r;
+    std::optional<std::string> type;
     for (size_t i = 0; i < args.size(); ++i) {
         const std::string& a = args[i];
         bool hasValue = i + 1 < args.size();
         if (a == "-o" && hasValue) {
             r.out = args[++i];
+        } else if (a == "--type" && hasValue) {
+            type = args[++i];
         } else if (a == "--format" && hasValue) {
             int k = WholeNumber(args[++i], "--format");
             if (k < 1 || k > INT16_MAX) throw UsageError{"--format takes a format index from 1"};
@@ -81,13 +85,19 @@ RenderRequest ParseRender(const std::vector<std::string>& args) {
         }
     }
     if (r.page.empty() || r.out.empty()) throw UsageError{kRenderUsage};
-    if (!PictureKindOf(r.out)) throw UsageError{"the output must end in .png, .svg or .pdf"};
+    // The type asked for, else the output's extension (standard output has none).
+    std::optional<PictureKind> kind = PictureKindOf(type ? "." + *type : r.out);
+    if (!kind) {
+        throw UsageError{type ? "--type takes png, svg or pdf"
+                              : "the output must end in .png, .svg or .pdf, or give --type"};
+    }
+    r.kind = *kind;
     return r;
 }
 
 }  // namespace
 
-int CommandRender(const ToolOptions& options, std::ostream&) {
+int CommandRender(const ToolOptions& options, std::ostream& out) {
     RenderRequest r = ParseRender(options.args);
     LoadToolDefinitions(options);
     // With --data the folder table is still empty; pictures need its temporary folder, which
@@ -120,7 +130,7 @@ int CommandRender(const ToolOptions& options, std::ostream&) {
     ScopedPictureFolder pictures(std::filesystem::path(r.page).parent_path().string());
     Picture picture;
     try {
-        picture = DrawPicture(*PictureKindOf(r.out), width, height, page->NumCharts(), format,
+        picture = DrawPicture(r.kind, width, height, page->NumCharts(), format,
                               PictureOptions{r.labels, r.pictures, r.interactive,
                                              std::filesystem::path(r.page).stem().string()});
     } catch (const RuntimeError& e) {
@@ -132,12 +142,17 @@ int CommandRender(const ToolOptions& options, std::ostream&) {
         if (p.Object > 0) where += ", object " + std::to_string(p.Object);
         ShowMessage(where + ": " + p.Description, "Warning", MsgIcon::Exclamation);
     }
+    if (IsStandardOutput(r.out)) {
+        out << picture.Bytes;
+        return kExitOk;
+    }
     try {
         // Saved as pages are, so that a failure keeps the old file whole.
         SaveFileAtomically(r.out, picture.Bytes);
-    } catch (const RuntimeError&) {
-        ShowMessage("Error whilst writing the image " + Utf8ToCp1252(r.out), "paginox-tool",
-                    MsgIcon::Critical);
+    } catch (const RuntimeError& e) {
+        ShowMessage(
+            "Error whilst writing the image " + Utf8ToCp1252(r.out) + ": " + e.Description(),
+            "paginox-tool", MsgIcon::Critical);
         return kExitFailure;
     }
     return kExitOk;

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <functional>
 #include <map>
+#include <optional>
 #include <ostream>
 #include <sstream>
 
@@ -26,12 +27,12 @@ const char* kUsage =
     "  convert IN OUT   reads a page file of any version and saves it as version 4\n"
     "  dump PAGE [--format K]\n"
     "                   the page as JSON, read with format K alone in full (default all)\n"
-    "  render PAGE -o OUT.png|OUT.svg|OUT.pdf [--format K] [--size WxH|N] [--interactive]\n"
-    "         [--no-labels] [--no-pictures]\n"
+    "  render PAGE -o OUT.png|OUT.svg|OUT.pdf [--type png|svg|pdf] [--format K]\n"
+    "         [--size WxH|N] [--interactive] [--no-labels] [--no-pictures]\n"
     "                   draws format K (default 1) at WxH (default its own size), or in its\n"
     "                   proportions with the longer side N: a thumbnail on white, or with\n"
     "                   --interactive as the editor's preview; PNG, SVG or PDF by OUT's\n"
-    "                   extension (a PDF page at the format's pixels per inch)\n"
+    "                   extension or --type (a PDF page at the format's pixels per inch)\n"
     "  formats PAGE     the page's sizes as the editor's size list names them\n"
     "  add-size PAGE (--screen I | --user WxH | --printer WxH [--dpi N]) [--from K]\n"
     "         [-o OUT]\n"
@@ -44,8 +45,11 @@ const char* kUsage =
     "\n"
     "Options:\n"
     "  --data DIR       read every definition file from DIR instead of the data folders\n"
-    "  --help           show this help\n"
+    "  -h, --help       show this help\n"
     "  --version        show the version\n"
+    "\n"
+    "Options may stand before or after the command, as --name VALUE or --name=VALUE; after\n"
+    "-- every word is a file name. OUT given as - is standard output.\n"
     "\n"
     "Exit status: 0 success, 1 failure, 2 usage error.\n";
 
@@ -63,40 +67,64 @@ const std::map<std::string, Command>& Commands() {
     return commands;
 }
 
-int RunCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+// A usage error in one line, and where to learn more.
+int UsageFailure(std::ostream& err, const std::string& message) {
+    err << "paginox-tool: " << message << "\nTry 'paginox-tool --help' for more information.\n";
+    return kExitUsage;
+}
+
+// The words as the commands read them: "--name=value" split in two, and after "--" every word
+// taken as a name even when it starts with "-" (given as "./-name", the same file).
+std::vector<std::string> Normalised(const std::vector<std::string>& args) {
+    std::vector<std::string> words;
+    bool options = true;
+    for (const std::string& a : args) {
+        if (options && a == "--") {
+            options = false;
+        } else if (options && a.starts_with("--") && a.find('=') != std::string::npos) {
+            words.push_back(a.substr(0, a.find('=')));
+            words.push_back(a.substr(a.find('=') + 1));
+        } else if (!options && a.size() > 1 && a.front() == '-') {
+            words.push_back("./" + a);
+        } else {
+            words.push_back(a);
+        }
+    }
+    return words;
+}
+
+int RunCommand(const std::vector<std::string>& given, std::ostream& out, std::ostream& err) {
+    const std::vector<std::string> args = Normalised(given);
+    // The tool's own options, before or after the command.
     ToolOptions options;
-    size_t i = 0;
-    for (; i < args.size() && args[i].starts_with("--"); ++i) {
-        if (args[i] == "--help") {
+    std::optional<std::string> name;
+    for (size_t i = 0; i < args.size(); ++i) {
+        const std::string& a = args[i];
+        if (a == "--help" || a == "-h") {
             out << kUsage;
             return kExitOk;
         }
-        if (args[i] == "--version") {
+        if (a == "--version") {
             out << "paginox-tool " << PAGINOX_VERSION << '\n';
             return kExitOk;
         }
-        if (args[i] == "--data" && i + 1 < args.size()) {
+        if (a == "--data") {
+            if (i + 1 == args.size()) return UsageFailure(err, "--data needs a folder");
             options.dataDir = args[++i];
-            continue;
+        } else if (!name) {
+            if (a.starts_with("-")) return UsageFailure(err, "unknown option " + a);
+            name = a;
+        } else {
+            options.args.push_back(a);
         }
-        err << "paginox-tool: unknown option " << args[i] << "\n\n" << kUsage;
-        return kExitUsage;
     }
-    if (i == args.size()) {
-        err << kUsage;
-        return kExitUsage;
-    }
-    auto command = Commands().find(args[i]);
-    if (command == Commands().end()) {
-        err << "paginox-tool: unknown command " << args[i] << "\n\n" << kUsage;
-        return kExitUsage;
-    }
-    options.args.assign(args.begin() + i + 1, args.end());
+    if (!name) return UsageFailure(err, "no command given");
+    auto command = Commands().find(*name);
+    if (command == Commands().end()) return UsageFailure(err, "unknown command " + *name);
     try {
         return command->second(options, out);
     } catch (const UsageError& e) {
-        err << "paginox-tool: " << e.message << "\n\n" << kUsage;
-        return kExitUsage;
+        return UsageFailure(err, e.message);
     }
 }
 

@@ -35,6 +35,12 @@ int WholeNumber(std::string_view text, const std::string& what);
 // An image size "WxH" given to option what, each side from 1 to maxSide; else a usage error.
 std::pair<int, int> ImageSizeArgument(std::string_view text, const std::string& what, int maxSide);
 
+// The value of option name, taken out of args wherever it stands; nothing when absent, and a
+// usage error when it has no value.
+std::optional<std::string> TakeOption(std::vector<std::string>& args, const std::string& name);
+// "-" as an output: standard output.
+inline bool IsStandardOutput(const std::string& path) { return path == "-"; }
+
 // Loads the object class catalogue and the definition lists, from --data or the folders.
 void LoadToolDefinitions(const ToolOptions& options);
 

@@ -25,6 +25,7 @@
 #include "editor/FileRoutines.h"
 #include "editor/PageSizes.h"
 #include "editor/QtText.h"
+#include "editor/WindowPlacement.h"
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
 #include "model/PageObject.h"
@@ -45,6 +46,8 @@ namespace {
 constexpr double kMinWidthTwips = 9600;
 constexpr double kMinHeightTwips = 7200;
 constexpr int kSidePanelWidth = 340;
+// Paginox's own settings: where the window was left.
+constexpr const char* kWindowSection = "Editor Window";
 
 }  // namespace
 
@@ -59,11 +62,49 @@ PageForm::PageForm(EditorState& state, EditorDialogs& dialogs, QWidget* parent)
     TwipsPerPixel tpp = ScreenTwipsPerPixel();
     setMinimumSize(static_cast<int>(kMinWidthTwips / tpp.X),
                    static_cast<int>(kMinHeightTwips / tpp.Y));
-    resize(1180, 820);
+    PlaceWindow();
     recoveryTimer_.setInterval(kRecoveryIntervalMs);
     connect(&recoveryTimer_, &QTimer::timeout, this,
             [this] { Guard("Keeping a recovery copy", [this] { flow_.KeepRecoveryCopy(); }); });
     recoveryTimer_.start();
+}
+
+void PageForm::PlaceWindow() {
+    auto number = [](const char* key) {
+        bool ok = false;
+        int v = QString::fromStdString(ReadIni(kWindowSection, key, "")).toInt(&ok);
+        return ok ? std::optional<int>(v) : std::nullopt;
+    };
+    std::optional<QRect> saved;
+    auto x = number("WindowLeft"), y = number("WindowTop");
+    auto w = number("WindowWidth"), h = number("WindowHeight");
+    if (x && y && w && h) saved = QRect(*x, *y, *w, *h);
+    std::vector<QRect> screens;
+    for (QScreen* s : QGuiApplication::screens()) screens.push_back(s->availableGeometry());
+    QScreen* here = screen() ? screen() : QGuiApplication::primaryScreen();
+    QRect available = here ? here->availableGeometry() : QRect(0, 0, 1280, 800);
+    setGeometry(WindowPlace(available, screens, saved, QSize(1180, 820)));
+    if (ReadIni(kWindowSection, "Maximized", "False") == "True")
+        setWindowState(Qt::WindowMaximized);
+}
+
+void PageForm::SaveWindowPlace() {
+    QRect place = normalGeometry();
+    for (auto [key, value] :
+         {std::pair{"WindowLeft", place.x()}, std::pair{"WindowTop", place.y()},
+          std::pair{"WindowWidth", place.width()}, std::pair{"WindowHeight", place.height()}}) {
+        WriteIni(kWindowSection, key, std::to_string(value));
+    }
+    WriteIni(kWindowSection, "Maximized", isMaximized() ? "True" : "False");
+}
+
+void PageForm::OnTerminate() {
+    // As closing does, without asking: what is unsaved is kept as a recovery copy.
+    EndNudgeRun();
+    CommitPendingEdits();
+    flow_.KeepRecoveryCopy();
+    SaveWindowPlace();
+    QApplication::quit();
 }
 
 void PageForm::Guard(const QString& what, const std::function<void()>& command) {
@@ -332,6 +373,7 @@ void PageForm::closeEvent(QCloseEvent* event) {
     EndNudgeRun();
     CommitPendingEdits();  // so that the save question sees the edit in progress
     flow_.Closing();
+    SaveWindowPlace();
     event->accept();
     // Whatever the answer, the program ends, all its windows with it.
     QApplication::closeAllWindows();

@@ -70,6 +70,9 @@ class PageForm : public QMainWindow, private DocumentHost {
     // Recovery copies: kept every few minutes while there are unsaved changes, on a failed
     // save at closing, and by OnUnexpectedError; offered again at the next start.
     void SetRecovery(RecoveryStore* store) { flow_.SetRecovery(store); }
+    // The session is ending (SIGTERM, SIGHUP): unsaved changes are kept as a recovery copy,
+    // as closing keeps them, and the program ends.
+    void OnTerminate();
     // The last-resort handler's report: the page kept as a recovery copy, the user told.
     void OnUnexpectedError(const std::string& description);
     // Runs a command of the window under the editor's safety net (RunCommand); after a
@@ -97,6 +100,9 @@ class PageForm : public QMainWindow, private DocumentHost {
     void PageReplaced() override;
     void FileUsed(const std::string& path) override;
 
+    // The first size and place: as last left when still on a screen, else fitting the screen.
+    void PlaceWindow();
+    void SaveWindowPlace();
     void BuildControls();
     void BuildMenus();
     void BuildFileMenu();

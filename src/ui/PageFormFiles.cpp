@@ -58,10 +58,11 @@ void PageForm::FillRecentMenu() {
         for (const std::string& path : dropped) names << QFileInfo(FromPath(path)).fileName();
         ShowNote("No longer there, so left out of Open Recent: " + names.join(", "));
     }
+    const std::vector<std::string> labels = recent.Labels();
     int number = 0;
     for (const std::string& path : recent.Files()) {
-        QString name = QFileInfo(FromPath(path)).completeBaseName();
-        QAction* action = recentMenu_->addAction(QString("&%1 %2").arg(++number).arg(name));
+        QString label = FromPath(labels[size_t(number)]);
+        QAction* action = recentMenu_->addAction(QString("&%1 %2").arg(++number).arg(label));
         action->setToolTip(FromPath(path));
         action->setStatusTip(FromPath(path));
         connect(action, &QAction::triggered, this,

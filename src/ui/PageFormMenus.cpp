@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "core/MessageService.h"
 #include "editor/EditorState.h"
 #include "model/PageClass.h"
 #include "model/PageObject.h"
@@ -137,6 +138,14 @@ void PageForm::BuildMenus() {
     AddAction(help, "mnuHelpContents", "&Contents", [this] {
         HelpContents();
     })->setShortcuts(StandardKeys(QKeySequence::HelpContents, Qt::Key_F1));
+    AddAction(help, "mnuHelpAbout", "&About Paginox", [] {
+        ShowMessage(std::string("Paginox ") + PAGINOX_VERSION + kCrLf + kCrLf +
+                        "The page layout editor for the Veltrane astrology program." + kCrLf +
+                        kCrLf +
+                        "Free software under the GNU General Public License, version 3 or "
+                        "any later version (GPL-3.0-or-later). There is no warranty.",
+                    "About Paginox", MsgIcon::Information);
+    });
 
     debugMenu_ = menuBar()->addMenu("&Debug");
     debugMenu_->setObjectName("mnuDebug");

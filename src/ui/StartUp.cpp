@@ -22,6 +22,7 @@
 #include "ui/GuardedApplication.h"
 #include "ui/PageForm.h"
 #include "ui/QtMessages.h"
+#include "ui/TerminationSignal.h"
 
 namespace paginox {
 
@@ -78,6 +79,7 @@ int RunEditor(GuardedApplication& app) {
     std::vector<std::string> words;
     for (const QString& a : args) words.push_back(ToPath(a));
     form.Load(ParseArguments(words));
+    TerminationSignal termination([&form] { form.OnTerminate(); });
     form.show();
     int status = app.exec();
     app.OnEscapedError = nullptr;

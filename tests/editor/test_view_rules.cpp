@@ -4,11 +4,12 @@
 
 #include "editor/EditStep.h"
 #include "editor/EditorFixture.h"
+#include "editor/EditorHistory.h"
 #include "editor/Manipulation.h"
 #include "editor/PreviewReadout.h"
 #include "editor/PreviewZoom.h"
 #include "editor/RecentFiles.h"
-#include "editor/EditorHistory.h"
+#include "editor/WindowPlacement.h"
 #include "model/PageFormat.h"
 #include "persist/Folders.h"
 #include "support/ScopedAppFolders.h"
@@ -72,4 +73,33 @@ TEST(RecentFiles, KeepsTheLastEightNewestFirstInTheSettingsFile) {
     RecentFiles loaded = RecentFiles::Load();
     EXPECT_EQ(loaded.DropMissing(), std::vector<std::string>{folders.Dir() / "10.pag"});
     EXPECT_EQ(RecentFiles::Load().Files().size(), 7u);
+
+    // Kept whole; two pages of one name are told apart by their folders.
+    const std::filesystem::path here = std::filesystem::current_path();
+    std::filesystem::current_path(folders.Dir().Folder());
+    loaded.Clear();
+    loaded.Add("b/Chart.pag");
+    loaded.Add("a/Chart.pag");
+    loaded.Add("c/x/Chart.pag");
+    loaded.Add("d/x/Chart.pag");
+    loaded.Add("Solo.pag");
+    std::filesystem::current_path(here);
+    EXPECT_EQ(loaded.Files()[1], folders.Dir() / "d/x/Chart.pag");
+    EXPECT_EQ(loaded.Labels(), (std::vector<std::string>{"Solo", "Chart (" + folders.Dir() / "d/x)",
+                                                         "Chart (" + folders.Dir() / "c/x)",
+                                                         "Chart (a)", "Chart (b)"}));
+}
+
+TEST(WindowPlace, FitsTheScreenUnlessLeftSomewhereStillVisible) {
+    const QRect laptop(0, 0, 1366, 738), wide(1366, 0, 1920, 1160);
+    const std::vector<QRect> screens{laptop, wide};
+    EXPECT_EQ(WindowPlace(laptop, screens, std::nullopt, {1180, 820}), QRect(93, 30, 1180, 678));
+    EXPECT_EQ(WindowPlace(wide, screens, std::nullopt, {1180, 820}), QRect(1736, 170, 1180, 820));
+    const QRect left(1500, 100, 900, 700);
+    EXPECT_EQ(WindowPlace(laptop, screens, left, {1180, 820}), left);
+    // Left on a screen that is gone, or barely on one: placed afresh.
+    EXPECT_EQ(WindowPlace(laptop, screens, QRect(4000, 0, 800, 600), {1180, 820}).topLeft(),
+              QPoint(93, 30));
+    EXPECT_EQ(WindowPlace(laptop, screens, QRect(-750, 0, 800, 600), {1180, 820}).topLeft(),
+              QPoint(93, 30));
 }

@@ -32,7 +32,8 @@ for f in bin/paginox bin/paginox-tool share/applications/$id.desktop \
   share/metainfo/$id.metainfo.xml share/mime/packages/$id.xml share/thumbnailers/paginox.thumbnailer \
   share/icons/hicolor/scalable/apps/$id.svg share/paginox/screenshots/editor.jpg \
   share/man/man1/paginox.1.gz share/man/man1/paginox-tool.1.gz share/paginox/sample/System/objects.dfn \
-  share/paginox/guide/user-guide.html share/paginox/guide/zoom.png; do
+  share/paginox/guide/user-guide.html share/paginox/guide/zoom.png share/doc/paginox/copyright \
+  share/doc/paginox/changelog.gz; do
   [ -s "$usr/$f" ] || fail "$f is not installed"
 done
 for s in 16 24 32 48 64 128 256; do

@@ -37,7 +37,8 @@ struct RenderCommand : ::testing::Test {
     std::pair<int, QImage> Render(const std::string& line) {
         setenv("QT_QPA_PLATFORM", "offscreen", 0);  // the tool honours a platform already chosen
         auto [status, text, err] = test::Tool("render " + line, true);
-        EXPECT_EQ(err.find("Usage") != std::string::npos, status == kExitUsage) << err;
+        EXPECT_EQ(err.find("Try 'paginox-tool --help'") != std::string::npos, status == kExitUsage)
+            << err;
         return {status, QImage(QString::fromStdString(out))};
     }
 };
@@ -74,7 +75,10 @@ TEST_F(RenderCommand, ThumbnailAndPreviewOfASamplePage) {
 TEST_F(RenderCommand, SvgAndPdfByTheOutputsExtension) {
     std::string svg = dir / "out.SVG";
     ASSERT_EQ(test::Tool("render " + page + " -o " + svg + " --no-pictures", true).status, 0);
-    EXPECT_EQ(QImage(QString::fromStdString(svg)).size(), QSize(705, 581));
+    // Sized in inches at the format's 96 pixels per inch, over a view box of its pixels.
+    EXPECT_NE(test::ReadAll(svg).find("width=\"7.34375in\" height=\"6.0520833in\"\n viewBox=\"0 0 "
+                                      "705 581\""),
+              std::string::npos);
 
     // The sample's printer format: 2480 x 3508 pixels at 300 per inch, an A4 page.
     std::string birth = dir.Write("Birth.pag", test::ReadAll(kSamplePages + "Birth Chart.pag"));
@@ -87,6 +91,15 @@ TEST_F(RenderCommand, SvgAndPdfByTheOutputsExtension) {
     EXPECT_EQ(pclose(pipe), 0) << info;
     EXPECT_NE(info.find("Pages:           1\n"), std::string::npos) << info;
     EXPECT_NE(info.find("Page size:       595 x 842 pts (A4)"), std::string::npos) << info;
+    // A PNG of it carries the same 300 pixels per inch; to standard output, by --type.
+    std::ostringstream png;
+    ASSERT_EQ(
+        test::Tool("render " + birth + " --format=4 --size 124x175 -o - --type png", true, &png)
+            .status,
+        0);
+    QImage read = QImage::fromData(QByteArray::fromStdString(png.str()), "PNG");
+    EXPECT_EQ(std::tuple(read.width(), read.dotsPerMeterX()), std::tuple(124, 11811));
+    EXPECT_EQ(test::Tool("render " + birth + " -o -", true).status, kExitUsage);  // no type
 }
 
 TEST_F(RenderCommand, UsageErrorsAndFailures) {
@@ -101,6 +114,7 @@ TEST_F(RenderCommand, UsageErrorsAndFailures) {
     EXPECT_EQ(messages.Last().substr(0, 11), "Open Error:");
     EXPECT_EQ(Render(page + " -o " + dir / "no/such/folder.png").first, kExitFailure);
     EXPECT_EQ(messages.shown.back().text.rfind("Error whilst writing the image ", 0), 0u);
+    EXPECT_NE(messages.shown.back().text.find(": Path not found"), std::string::npos);
     // A picture too large to hold in memory is refused with the reason, before any drawing.
     EXPECT_EQ(Render(page + " -o " + out + " --size 16000x16000").first, kExitFailure);
     EXPECT_NE(messages.shown.back().text.find("too large to be made in memory"), std::string::npos);

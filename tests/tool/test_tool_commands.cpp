@@ -64,8 +64,9 @@ TEST_F(ToolPages, RefsCollectsOverThePagesInOrderEachNameOnce) {
     std::string b = SavedPage(dir, "b.pag", {{"8", "", "Major", "Main"}, {"1", "Natal", "", ""}});
     ToolRun r = Tool("refs " + a + " " + b, true);
     EXPECT_EQ(std::tuple(r.status, r.out), std::tuple(kExitOk, "Natal.wh1\nMajor.asp\nMain.ast\n"));
-    r = Tool("refs " + a + " " + dir / "missing.pag", true);
-    EXPECT_EQ(std::tuple(r.status, r.out), std::tuple(kExitFailure, ""));
+    // A page that cannot be read is said; the others are listed all the same.
+    r = Tool("refs " + dir / "missing.pag " + a, true);
+    EXPECT_EQ(std::tuple(r.status, r.out), std::tuple(kExitFailure, "Natal.wh1\nMajor.asp\n"));
     EXPECT_EQ(messages.Last().substr(0, 11), "Open Error:");
     // A class the catalogue does not hold gives its generic file no extension.
     r = Tool("refs " + SavedPage(dir, "odd.pag", {{"999", "", "", "Gen"}}), true);
@@ -128,6 +129,16 @@ TEST_F(ToolPages, DumpGivesThePageAsJson) {
         QJsonDocument::fromJson(QByteArray::fromStdString(r.out))["Formats"][0].toObject();
     EXPECT_EQ(first["NumObjects"].toInt(), 2);
     EXPECT_EQ(first["Objects"].toArray(), QJsonArray({QJsonValue(), QJsonValue()}));
+    // Options anywhere, as --name=value too, and after -- a name that starts with "-".
+    EXPECT_EQ(Tool("dump --format=2 " + page).out, r.out);
+    dir.Write("-a.pag", test::GoldenBytes("pages/sample_v4.hex"));
+    const std::filesystem::path here = std::filesystem::current_path();
+    std::filesystem::current_path(dir.Folder());
+    EXPECT_EQ(Tool("dump --format 2 -- -a.pag").out, r.out);
+    std::filesystem::current_path(here);
+    // Standard output as the target of convert and xml.
+    EXPECT_EQ(Tool("convert " + page + " -").out, test::ReadAll(page));
+    EXPECT_EQ(Tool("xml " + page + " -o -").out.rfind("<VeltranePageDesign>", 0), 0u);
     // A format the page does not have is an error, as for render.
     r = Tool("dump " + page + " --format 9");
     EXPECT_EQ(r.status, kExitUsage);
@@ -157,9 +168,15 @@ TEST(ToolUsage, BadCommandLinesExitWithTwoHelpAndVersionWithZero) {
           "dump a --format", "dump a --format two", "dump a --format 99999"}) {
         EXPECT_EQ(Tool(line).status, kExitUsage) << line;
     }
-    ToolRun help = Tool("--help");
-    EXPECT_EQ(help.status, kExitOk);
-    EXPECT_NE(help.out.find("Usage: paginox-tool"), std::string::npos);
+    // One line says what is wrong, one where to learn more.
+    EXPECT_EQ(Tool("info a b").err,
+              "paginox-tool: info takes one page file\nTry 'paginox-tool --help' for more "
+              "information.\n");
+    for (const char* line : {"--help", "-h", "info --help", "classes --data=/x -h"}) {
+        ToolRun help = Tool(line);
+        EXPECT_EQ(help.status, kExitOk) << line;
+        EXPECT_EQ(help.out.rfind("Usage: paginox-tool", 0), 0u) << line;
+    }
     EXPECT_EQ(Tool("--version").out.rfind("paginox-tool ", 0), 0u);
 }
 

@@ -7,13 +7,18 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTableWidget>
+#include <csignal>
+#include <filesystem>
 
 #include "editor/Manipulation.h"
+#include "editor/RecoveryStore.h"
 #include "persist/FileIO_Page.h"
+#include "persist/Folders.h"
 #include "ui/InsertDialog.h"
 #include "ui/PageFormFixture.h"
 #include "ui/PropertyPanel.h"
 #include "ui/StartUp.h"
+#include "ui/TerminationSignal.h"
 
 using namespace paginox;
 
@@ -248,6 +253,13 @@ TEST(InsertDialog, DescriptionPreviewAndInsertByButtonOrDoubleClick) {
     EXPECT_EQ(fx.state.CurrentFormat->NumObjects(), before + 1);
 }
 
+TEST(PageForm, AboutSaysTheVersionAndTheLicence) {
+    test::PageFormFixture fx;
+    fx.Trigger("mnuHelpAbout");
+    EXPECT_NE(fx.messages.Last().find("Paginox 0.1.0"), std::string::npos);
+    EXPECT_NE(fx.messages.Last().find("GPL-3.0-or-later"), std::string::npos);
+}
+
 TEST(StartUp, SecondCopyQuestion) {
     test::RecordingMessages messages;
     messages.Script({MsgAnswer::No, MsgAnswer::Yes});
@@ -260,3 +272,23 @@ TEST(StartUp, SecondCopyQuestion) {
 }
 
 }  // namespace
+
+// Logout or shutdown (SIGTERM) with unsaved changes: a recovery copy first, as closing keeps
+// one, then the end; the window's place is remembered for the next start.
+TEST(PageForm, TerminationKeepsUnsavedChangesAndTheWindowsPlace) {
+    test::PageFormFixture fx;
+    RecoveryStore store(fx.folders.Dir() / "Recovery/");
+    fx.form->SetRecovery(&store);
+    fx.Object(1).SetFontSize(17);
+    std::filesystem::create_directories(AppFolders().Path(kSettingsFolder));
+    bool signalled = false;
+    {
+        TerminationSignal termination([&] { fx.form->OnTerminate(), signalled = true; });
+        std::raise(SIGTERM);
+        QTRY_VERIFY_WITH_TIMEOUT(signalled, 2000);
+    }
+    EXPECT_TRUE(std::filesystem::exists(store.CopyPath()));
+    EXPECT_EQ(ReadIni("Editor Window", "WindowWidth", ""),
+              std::to_string(fx.form->normalGeometry().width()));
+    store.Discard();
+}
