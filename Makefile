@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Front door: each target installs missing packages, configures once and builds incrementally.
 BUILD      ?= build
 BUILD_TYPE ?= RelWithDebInfo

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page browser on the library of 1,000 pages: the first screen of warm thumbnails from the
 // command, and every thumbnail made cold while the window goes on answering, each against the
 // same work without the browser.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Drawing a format of 100 mixed objects with labels, against two QPainter baselines: one
 // filled shape and one text run per object, and every shape, line and text run the format
 // drawing puts down, drawn straight with QPainter.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page library's catalogue of 1,000 pages: loaded, with the folder scanned for pages
 // nobody filed, against the bare listing of the folder it cannot do without.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs the benchmarks, then prints each figure beside its baseline of the same run, with the
 // ratio and the target where there is one.
 

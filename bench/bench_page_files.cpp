@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading and saving page files, against reading and writing the same bytes with plain calls.
 
 #include <benchmark/benchmark.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Thumbnails of 160 x 120: made cold through the cache, and the warm cache's answer, each
 // against the file work it cannot do without.
 

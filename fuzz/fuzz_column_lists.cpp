@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The point-list and aspect-list column definitions ("plist.dfn", "Alist.dfn") on any bytes.
 
 #include "FuzzSupport.h"

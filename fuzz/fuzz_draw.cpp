@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A page read with a catalogue of a few classes, both taken from the input, and every format
 // drawn as the preview and as a thumbnail: whatever the bytes, drawing ends without a crash,
 // a hang or a run-time error escaping it.

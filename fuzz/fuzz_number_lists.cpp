@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The default column lists ("astrlist.dfn" and the like) on any bytes.
 
 #include "FuzzSupport.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The object class catalogue loader on any bytes.
 
 #include "FuzzSupport.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ReadPage on any bytes: no crash, no hang, no unbounded allocation; and whatever it reads
 // saves to bytes that read back and save to the very same bytes.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rulership sets ("rulers2.fil") on any bytes.
 
 #include "FuzzSupport.h"

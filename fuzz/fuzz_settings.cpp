@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings files: reading any bytes, and writing a key into them. The input is a
 // section name, a key name and the file's bytes, each of the first two ended by a NUL.
 

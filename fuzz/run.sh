@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Runs every fuzz target for SECONDS each, JOBS at a time, starting from seeds taken from the
 # sample data when it has been built. Inputs that crash, hang or allocate too much are kept in
 # BUILD/findings/<target>/; each run's log is BUILD/logs/<target>.log.

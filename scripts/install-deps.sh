@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs the Debian packages Paginox needs to build, test and run. Does nothing when all are
 # present; uses sudo only when not root. "install-deps.sh fuzz" installs what the fuzz targets
 # need instead (clang and its libFuzzer runtime, and Qt for the drawing target).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Renders the hand-drawn application icon into the hicolor PNG sizes at build time:
 //   paginox-icon-render ICON.svg OUT SIZE...
 // writes OUT/<size>x<size>/apps/<icon name>.png for each size.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sample pages: made through the page model, as the editor would make them, and written
 // with the program's own SavePage, so that they are real version-4 files.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Builds the bundled sample data from the readable sources in data/sources:
 //   paginox-sample-gen SOURCES OUT
 // writes OUT/System (system data folder), OUT/LocalAppData and OUT/User Files (with the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Turns the user guide from Markdown into the HTML the help window shows and the installation
 // keeps, at build time, with its pictures scaled beside it:
 //   paginox-guide-render GUIDE.md OUT.html

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Text as the files store it: Windows-1252 bytes in a std::string, one byte per character.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Integer arithmetic that raises the Overflow error instead of wrapping, and 1-based index

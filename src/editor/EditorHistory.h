@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The editor's one history of steps, for Undo and Redo, in the order they were made. A step

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The insert dialog's list: the catalogue's classes grouped under headings and ordered for

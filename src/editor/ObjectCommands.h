@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The object commands of the main window's Object menu and the preview's pop-up menu, on the

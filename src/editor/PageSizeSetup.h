@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The page size dialog without its widgets: the chosen kind of size, the two pixel boxes and

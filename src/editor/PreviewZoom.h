@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // How large the preview shows the page: fitted to the window, as it opens, or at a factor of

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The printer as the page size dialog sees it: the selected printer's page and its setup

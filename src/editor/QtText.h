@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Where model text (Windows-1252 bytes) meets Qt's Unicode strings.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // File > Open Recent: the last pages opened or saved, newest first, kept in the settings

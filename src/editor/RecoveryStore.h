@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Recovery copies of the page being edited, kept in the user's "Recovery" folder: written

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/RestoreBlock.h"
 
 #include "core/Checked.h"

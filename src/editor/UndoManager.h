@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The undo and redo stacks of user steps. A step is recorded as BeginRestoreBlock, one

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Thumbnails kept as bitmap files in the cache folder, one per page file and size, reused

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The page browser's page-to-bitmap routine: a thumbnail of a page file, or a picture file

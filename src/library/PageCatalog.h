@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The page library's catalogue: the categories of the Pages folder in the user's order, each

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Makes the page browser's thumbnails off the user-interface thread: one worker takes the

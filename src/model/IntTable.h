@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // A growable 1-based list of 16-bit integers for the page catalogue and browser. Storage

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The sizing rules shared by objects and formats: how much room text of a font size takes on

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // One page layout: its texts, how many charts it shows and what each chart slot is, and its

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // One size variant of a page (a screen resolution or a printer page) with its objects in

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // One object placed on a format: where it sits, as fractions of the frame, and the settings

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // One kind of page object from the catalogue file: how it is named and grouped, its shape,

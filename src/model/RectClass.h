@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The one rectangle of the program: integer Top/Left/Width/Height in the units of the surface

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The screen's twips per pixel, asked each time a twips rectangle is turned into pixels. The

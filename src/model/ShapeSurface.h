@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The little a rectangle needs to outline an object's shape on something drawable. The

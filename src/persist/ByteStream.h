@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Fields of a fixed binary record: little-endian 16/32-bit integers, singles and fixed-width

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Readers that fill the program-wide definition tables (model/DefinitionTables.h) at

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Fields of a comma-and-line delimited text file, read one at a time the way the classic

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Loading the object class catalogue from "objects.dfn": fixed 219-byte records, one per

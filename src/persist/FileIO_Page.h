@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The page layout file (".pag"): one 349-byte header record, then until the end of the file

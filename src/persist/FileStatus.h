@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // What a path names on disk and how it looked, learnt from its status alone: nothing here

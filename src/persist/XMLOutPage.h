@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The XML translation of a page: a fixed element tree of its formats and their objects,

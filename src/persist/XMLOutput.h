@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // A minimal line-oriented XML writer: one element per line, two spaces of indentation per

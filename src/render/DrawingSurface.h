@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Anything a page can be drawn on: the preview, an off-screen image, a thumbnail, the printer.

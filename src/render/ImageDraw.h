@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Picture files drawn stretched into a rectangle. Bitmaps (".bmp") are read as they are; any

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // A format drawn the way thumbnails are (on white, with labels and pictures) onto any paint

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Bitmaps of picture files at the sizes they are drawn at, so that redrawing a graphic object

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The drawing surface over a QPainter: on a QImage, QPixmap, widget or printer. Coordinates

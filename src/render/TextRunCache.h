@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Text runs laid out once and kept: the preview draws the same few class names and chart

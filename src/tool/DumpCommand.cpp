@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // dump: a page as it was read, as one JSON object.
 
 #include <charconv>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Writes one JSON document as it goes, indented by four spaces, members in the order written.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page library from the command line: the catalogue as the browser shows it, and its
 // thumbnails made ahead of time.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page commands: info, refs, xml and convert.
 
 #include <unistd.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The render command: one format of a page drawn to a PNG, SVG or PDF file (by the output's
 // extension), as a thumbnail on white or as the editor's preview.
 

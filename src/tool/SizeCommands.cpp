@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page size commands: formats lists a page's sizes as the editor's size list does, and
 // add-size adds one as the editor's page size dialog does.
 

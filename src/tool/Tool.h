@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // paginox-tool: the editor's work from the command line. Output texts are UTF-8; messages the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The Insert dialog: the catalogue's classes grouped and ordered, the highlighted class's

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/PageBrowser.h"
 
 // The page browser's page and category commands: each asks what it needs, lets the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/PageForm.h"
 
 // The main window's commands and the handlers of its controls' events.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/PageForm.h"
 
 // The main window's files beyond open and save: the recent pages, pages dropped on the window,

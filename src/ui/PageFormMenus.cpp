@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/PageForm.h"
 
 // The main window's menus: their commands, shortcuts and which are available.

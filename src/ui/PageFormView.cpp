@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/PageForm.h"
 
 // The main window's view of the page: zoom and scrolling, the keys that act on the preview's

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The preview picture box: the current format drawn once into a pixmap, with the drag

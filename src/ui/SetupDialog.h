@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // The page size dialog: a screen resolution, the printer's page or a size of the user's own

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // SIGTERM and SIGHUP (logout, shutdown, a closed terminal) reach the program as an ordinary

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // An editor state on a small page for tests: a catalogue of a few classes (box, wheel,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The editor's one history, walked as a user walks it: random sequences of every kind of edit
 // on a sample page, with undos and redos in between, each undo and redo compared byte for byte
 // with the page file the step left, and the page size it shows with the one it was made in.

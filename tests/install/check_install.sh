@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs the build into a temporary DESTDIR under the prefix /usr and checks what a desktop
 # needs of it: the files are there, the desktop entry and the AppStream metadata validate, the
 # page file type registers, and the installed tool finds its sample data under the prefix and
@@ -48,6 +49,11 @@ grep -q ':application/x-paginox-page:\*\.pag$' "$usr/share/mime/globs2" || fail 
 for f in applications/$id.desktop thumbnailers/paginox.thumbnailer; do
   grep -qx 'MimeType=application/x-paginox-page;' "$usr/share/$f" || fail "$f handles no pages"
 done
+
+# Installed into a live prefix (no DESTDIR), the desktop learns of .pag files at once.
+cmake --install "$build" --prefix "$root/live" >/dev/null 2>&1
+grep -q ':application/x-paginox-page:\*\.pag$' "$root/live/share/mime/globs2" 2>/dev/null ||
+  fail "install into a live prefix left the MIME cache without *.pag"
 
 # A fresh user without a host installation: the installed tool seeds the demo environment from
 # the prefix's sample data (nothing else is reachable from DESTDIR).

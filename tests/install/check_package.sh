@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the Debian package into a temporary folder and checks it as a distribution would:
 # lintian finds no error, the licence and changes are where Debian keeps them, each Qt library
 # is depended on once, and the programs are hardened (PIE, bound at start, read-only

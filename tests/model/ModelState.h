@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Gives a test its own object class catalogue and definition tables, restored afterwards.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Every member of a page, of its formats and of their objects as text (a line for the page, one

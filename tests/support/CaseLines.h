@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Tables of cases kept in golden files, a line each: "input -> outcome". The test works out

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Golden files in tests/data/: expected texts, drawings and records kept as files where they

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Fonts and image plugins need a GUI application; tests run it on the offscreen platform so

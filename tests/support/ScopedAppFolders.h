@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 // Points the process's folder table at a fresh folder for one test (with its temporary and

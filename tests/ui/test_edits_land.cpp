@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Edits land on the object they were made for, commands see what is being typed, and the
 // first drag of any object moves it.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window as a desktop editor: zoom with exact hit-tests, keys on the selection, files
 // dropped, recent and exported, and the help window.
 
