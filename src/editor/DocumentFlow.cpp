@@ -118,6 +118,12 @@ bool DocumentFlow::Save() {
     return true;
 }
 
+void DocumentFlow::FileRenamed(const std::string& path) {
+    state_.CurrentFile = path;
+    RememberDiskFile();
+    host_.FileUsed(path);
+}
+
 void DocumentFlow::RememberDiskFile() {
     state_.DiskFile = state_.CurrentFile;
     state_.DiskStamp = StampOf(state_.CurrentFile);

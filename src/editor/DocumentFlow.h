@@ -71,6 +71,10 @@ class DocumentFlow {
     // Changes that were not saved (a failed save, Cancel) are kept as a recovery copy.
     void Closing();
 
+    // The open page's file was renamed to path by the page library: it is that file now, as
+    // last read or saved, and the recent pages list names it.
+    void FileRenamed(const std::string& path);
+
     // Recovery copies; none are kept without a store.
     void SetRecovery(RecoveryStore* store) { recovery_ = store; }
     // The periodic copy: kept while the page has unsaved changes, removed when it has none.

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "persist/Folders.h"
 #include "render/PictureCache.h"
@@ -29,13 +30,18 @@ class ImageCache : public PictureCache {
     // True when the cache folder exists; makes it (and its parents) if it does not.
     bool PrepareForCaching() override;
     // The bitmap of that size exists and its time is strictly later, in whole seconds, than
-    // the page file's: one written in the same second as the page is stale.
+    // the page file's last change (its modification or status change: a rename counts): one
+    // written in the same second as the page is stale.
     bool Contains(const std::string& pagePath, int32_t width, int32_t height) override;
     // The cache folder + the page path with every ":" and separator made "_" + "_WxH.bmp".
+    // Where that name could belong to another page too (the path holds "_" or ":") or is too
+    // long for the file system, the end of the escaped path, "~" and a hash of the whole
+    // path take the escaped path's place.
     std::string GetCacheName(const std::string& pagePath, int32_t width,
                              int32_t height) const override;
     // Makes the bitmap when the page file and the cache folder exist (the folder is not made
-    // here); true when the bitmap now exists.
+    // here), replacing the old one whole; true when the bitmap now exists. When the page
+    // cannot be drawn, no old bitmap is left.
     bool CreateCache(const std::string& pagePath, int32_t width, int32_t height) override;
     void ClearCache(const std::string& pagePath, int32_t width, int32_t height);
     // Deletes the files matching the cache folder + the page path with only its separators
@@ -45,8 +51,13 @@ class ImageCache : public PictureCache {
     void ClearCaches(const std::string& pagePath);
     // Deletes every "*.bmp" of the cache folder.
     void ClearAllCaches();
+    // Deletes the page thumbnails of that size that belong to none of pagePaths (pages deleted
+    // or renamed elsewhere); how many went.
+    int RemoveOrphans(const std::vector<std::string>& pagePaths, int32_t width, int32_t height);
 
   private:
+    bool IsPlainName(const std::string& pagePath, const std::string& fileName) const;
+    std::string DistinctStem(const std::string& pagePath) const;
     // Deletes the first file matching the pattern, over and over until none is left.
     void DeleteMatching(const std::string& pattern);
 

@@ -8,13 +8,17 @@
 // keeps the files on disk and the catalogue in step and saves the catalogue at once.
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "persist/FileStatus.h"
 
 namespace paginox {
 
 class PageClass;
 
+// Names are UTF-8: a page's is its file's name exactly as the folder lists it.
 struct CatalogCategory {
     std::string Name;
     std::vector<std::string> Pages;  // file names inside the Pages folder, as on disk
@@ -27,10 +31,16 @@ class PageCatalog {
     static constexpr const char* kAddedRecently = "Added Recently";
 
     // Loads the catalogue of folder (ending with the path separator). Without a catalogue, a
-    // legacy "pages.ini" there is imported once (and left alone); a damaged catalogue is kept
-    // beside it as "PageCatalog.bad.txt" and rebuilt from the folder, and Problem() says so.
+    // legacy "pages.ini" there is imported once (and left alone), and Problem() says what was
+    // imported; a damaged catalogue is kept beside it as "PageCatalog.bad.txt" (then
+    // "PageCatalog.bad-2.txt" and on: no copy is overwritten) and rebuilt from the folder.
     // Entries whose file is gone are dropped; pages nobody filed go to Added Recently.
-    static PageCatalog Load(const std::string& folder);
+    // Without write, nothing is written: no import, no copy, no save (for readers such as
+    // paginox-tool library).
+    static PageCatalog Load(const std::string& folder, bool write = true);
+    // Takes in the catalogue file again when another program has written it since it was last
+    // read or written here; true when it did. Every command does this first.
+    bool Refresh();
 
     const std::string& Folder() const { return folder_; }
     // Added Recently first (in name order), then the user's categories in their order.
@@ -63,22 +73,35 @@ class PageCatalog {
     // Told the path of each page file a command renamed, deleted or replaced (so that its
     // cached thumbnails go).
     std::function<void(const std::string& path)> PageFileGone;
+    // Told each rename, old path then new (so that an editor showing the page follows it).
+    std::function<void(const std::string& from, const std::string& to)> PageRenamed;
 
     // Writes the catalogue (without Added Recently) atomically; false when it could not.
-    bool Save() const;
+    bool Save();
 
   private:
+    void Reload();
+    std::vector<CatalogCategory> ImportLegacy();
     CatalogCategory* Category(const std::string& name);
-    std::string PageNameProblem(const std::string& name, std::string& file) const;
-    std::string CategoryNameProblem(const std::string& name) const;
+    // renamed: the page or category being renamed, which the new name may match.
+    std::string PageNameProblem(const std::string& name, std::string& file,
+                                const std::string& renamed = "") const;
+    std::string CategoryNameProblem(const std::string& name,
+                                    const std::string& renamed = "") const;
+    // Saves the change just made; when that fails, the catalogue goes back to before and
+    // undoOnDisk takes back what the command did to the files.
+    std::string Commit(std::vector<CatalogCategory> before,
+                       const std::function<void()>& undoOnDisk = {});
+    static void RemoveFile(const std::string& path);
     void FileUnlisted(const std::vector<std::string>& onDisk);
     // Added Recently is kept in name order.
     void AddRecent(const std::string& page);
-    std::string Saved();
 
     std::string folder_;
+    bool write_ = true;
     std::vector<CatalogCategory> categories_;
     std::string problem_;
+    std::optional<FileStamp> stamp_;  // the catalogue file as last read or written here
 };
 
 // The catalogue file's text for these categories (Added Recently left out).
@@ -86,7 +109,11 @@ std::string CatalogText(const std::vector<CatalogCategory>& categories);
 // Reads a catalogue file's text; false when it is damaged (a line that is neither a
 // category, a page file nor a note, a page before any category, a NUL byte).
 bool ParseCatalog(const std::string& text, std::vector<CatalogCategory>& into);
-// Reads the legacy INI: its sections are the categories, its values the page files.
+// Reads the legacy INI (UTF-8 text): its sections are the categories, its values the page
+// files; a section without a name becomes "Unnamed".
 std::vector<CatalogCategory> ParseLegacyCatalog(const std::string& text);
+// The legacy file's bytes as UTF-8: UTF-16 or UTF-8 after a byte order mark, else
+// Windows-1252.
+std::string LegacyText(const std::string& bytes);
 
 }  // namespace paginox

@@ -54,10 +54,14 @@ int ThumbnailQueue::Waiting() const {
 }
 
 QImage ThumbnailQueue::Thumbnail(const std::string& path) {
-    if (!cache_.Contains(path, width_, height_) && !cache_.CreateCache(path, width_, height_)) {
-        return QImage();
+    const QString name = QString::fromStdString(cache_.GetCacheName(path, width_, height_));
+    if (cache_.Contains(path, width_, height_)) {
+        QImage cached(name);
+        if (!cached.isNull()) return cached;
+        // A cache file that does not read as a picture is made again.
     }
-    return QImage(QString::fromStdString(cache_.GetCacheName(path, width_, height_)));
+    if (!cache_.CreateCache(path, width_, height_)) return QImage();
+    return QImage(name);
 }
 
 void ThumbnailQueue::Work() {

@@ -28,4 +28,8 @@ struct FileStamp {
 // Nothing when the path names no regular file.
 std::optional<FileStamp> StampOf(const std::string& path);
 
+// When the file last changed in any way, in whole seconds: the later of its modification and
+// status change times (a rename or a new owner changes the latter). Nothing when it is missing.
+std::optional<int64_t> LastChangeSecond(const std::string& path);
+
 }  // namespace paginox

@@ -71,6 +71,11 @@ void JsonWriter::Ansi(const std::string& cp1252) {
     out_ += Quoted(Cp1252ToUtf8(cp1252));
 }
 
+void JsonWriter::Utf8(const std::string& text) {
+    BeginValue();
+    out_ += Quoted(text);
+}
+
 void JsonWriter::Null() {
     BeginValue();
     out_ += "null";

@@ -25,6 +25,7 @@ class JsonWriter {
     // NaN and infinity, which a damaged file can hold, have no JSON form: null.
     void Single(float v);
     void Ansi(const std::string& cp1252);  // a model text, written as UTF-8
+    void Utf8(const std::string& text);    // a file or path name, as it is
     void Null();
 
     // The document so far; complete, with its final line break, once every value is closed.

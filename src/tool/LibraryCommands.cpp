@@ -2,6 +2,7 @@
 // The page library from the command line: the catalogue as the browser shows it, and its
 // thumbnails made ahead of time.
 
+#include <optional>
 #include <ostream>
 
 #include "core/AnsiText.h"
@@ -19,11 +20,11 @@ namespace paginox {
 
 namespace {
 
-// The catalogue after the same import and discovery the browser does; a damaged one is
-// reported the way the browser tells it.
+// The catalogue as the browser would show it, read only: the tool never writes it. A damaged
+// one is reported the way the browser tells it.
 PageCatalog LoadToolCatalog() {
     InitToolFolders();
-    PageCatalog catalog = PageCatalog::Load(AppFolders().Path(kPagesFolder));
+    PageCatalog catalog = PageCatalog::Load(AppFolders().Path(kPagesFolder), false);
     if (!catalog.Problem().empty()) ShowMessage(catalog.Problem(), "Page Browser");
     return catalog;
 }
@@ -33,8 +34,8 @@ void WritePage(JsonWriter& json, const PageCatalog& catalog, const std::string& 
     // The first format alone, quietly, as the browser reads pages.
     auto page = ReadPage(path, 1, false);
     json.BeginObject();
-    json.Key("File").Ansi(file);
-    json.Key("Path").Ansi(Utf8ToCp1252(path));
+    json.Key("File").Utf8(file);
+    json.Key("Path").Utf8(path);
     json.Key("Title").Ansi(page ? page->Title() : std::string());
     json.Key("Description").Ansi(page ? page->Description() : std::string());
     json.Key("Formats");
@@ -55,7 +56,7 @@ int CommandLibrary(const ToolOptions& options, std::ostream& out) {
     json.BeginArray();
     for (const CatalogCategory& category : catalog.Categories()) {
         json.BeginObject();
-        json.Key("Category").Ansi(category.Name);
+        json.Key("Category").Utf8(category.Name);
         json.Key("Pages").BeginArray();
         for (const std::string& file : category.Pages) WritePage(json, catalog, file);
         json.EndArray();
@@ -67,13 +68,18 @@ int CommandLibrary(const ToolOptions& options, std::ostream& out) {
 }
 
 int CommandThumbnails(const ToolOptions& options, std::ostream& out) {
-    const std::string usage = "thumbnails takes [--size WxH] (default 160x120)";
-    if (!options.args.empty() && (options.args.size() != 2 || options.args[0] != "--size")) {
-        throw UsageError{usage};
+    std::vector<std::string> args = options.args;
+    std::optional<std::string> size = TakeOption(args, "--size");
+    bool clear = std::erase(args, "--clear") > 0;
+    if (!args.empty()) throw UsageError{"thumbnails takes [--size WxH] (default 160x120) or --clear"};
+    auto [width, height] = size ? ImageSizeArgument(*size, "--size", 4096) : std::pair(160, 120);
+    if (clear) {
+        ImageCache cache;
+        InitToolFolders();
+        cache.ClearAllCaches();
+        out << "The thumbnail cache " << cache.CacheDir() << " was emptied.\n";
+        return kExitOk;
     }
-    auto [width, height] = options.args.empty()
-                               ? std::pair(160, 120)
-                               : ImageSizeArgument(options.args[1], "--size", 4096);
     LoadToolDefinitions(options);
     PageCatalog catalog = LoadToolCatalog();
     EnsureGuiApplication();
@@ -88,6 +94,7 @@ int CommandThumbnails(const ToolOptions& options, std::ostream& out) {
     for (const CatalogCategory& category : catalog.Categories()) {
         for (const std::string& file : category.Pages) pages.push_back(catalog.PathOf(file));
     }
+    int removed = cache.RemoveOrphans(pages, width, height);
     int made = 0, fresh = 0, failed = 0;
     for (size_t i = 0; i < pages.size(); ++i) {
         const std::string& path = pages[i];
@@ -103,6 +110,7 @@ int CommandThumbnails(const ToolOptions& options, std::ostream& out) {
     }
     out << made << " made, " << fresh << " already fresh";
     if (failed > 0) out << ", " << failed << " could not be drawn";
+    if (removed > 0) out << ", " << removed << " of pages no longer there removed";
     out << '\n';
     return failed > 0 ? kExitFailure : kExitOk;
 }

@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QDropEvent>
 #include <QFileInfo>
+#include <filesystem>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -74,9 +75,15 @@ PageBrowser::PageBrowser(const std::string& startPage, QWidget* parent)
     setObjectName("PageBrowser");
     setWindowTitle(kTitle);
     cache_ = std::make_unique<ImageCache>();
+    openPage_ = startPage;
     catalog_.PageFileGone = [this](const std::string& path) {
         cache_->ClearCaches(path);
         thumbnails_.erase(path);
+    };
+    catalog_.PageRenamed = [this](const std::string& from, const std::string& to) {
+        if (openPage_.empty() || from != openPage_) return;
+        openPage_ = to;
+        if (OpenPageRenamed) OpenPageRenamed(to);
     };
     Ask = [this](const QString& title, const QString& prompt, const QString& proposal) {
         UserInputSimple input(this);
@@ -92,12 +99,22 @@ PageBrowser::PageBrowser(const std::string& startPage, QWidget* parent)
         move(IniNumber("WindowLeft", 0), IniNumber("WindowTop", 0));
     showImages_->setChecked(ReadIni(kSection, "Show_Images", "True") != "False");
     if (!catalog_.Problem().empty()) ShowMessage(catalog_.Problem(), kTitle, MsgIcon::Exclamation);
-    std::string start = Utf8ToCp1252(QFileInfo(FromPath(startPage)).fileName().toStdString());
+    RemoveOrphanThumbnails();
+    std::string start = std::filesystem::path(startPage).filename().string();
     FillCategories(catalog_.CategoryOf(start));
     FillPages(start);
 }
 
 PageBrowser::~PageBrowser() = default;
+
+void PageBrowser::RemoveOrphanThumbnails() {
+    // Thumbnails of pages deleted or renamed elsewhere would only fill the disk.
+    std::vector<std::string> paths;
+    for (const CatalogCategory& c : catalog_.Categories()) {
+        for (const std::string& page : c.Pages) paths.push_back(catalog_.PathOf(page));
+    }
+    cache_->RemoveOrphans(paths, kThumbWidth, kThumbHeight);
+}
 
 void PageBrowser::BuildControls() {
     categories_ = new QListWidget(this);
@@ -140,7 +157,7 @@ void PageBrowser::BuildControls() {
         moveMenu->clear();
         for (const CatalogCategory& c : catalog_.Categories()) {
             std::string name = c.Name;
-            moveMenu->addAction(FromAnsi(name), this, [this, name] { MovePage(name); });
+            moveMenu->addAction(FromPath(name), this, [this, name] { MovePage(name); });
         }
     });
 
@@ -212,21 +229,21 @@ void PageBrowser::BuildControls() {
 
 std::string PageBrowser::CurrentCategory() const {
     QListWidgetItem* item = categories_->currentItem();
-    return item ? ToAnsi(item->data(Qt::UserRole).toString()) : std::string();
+    return item ? ToPath(item->data(Qt::UserRole).toString()) : std::string();
 }
 
 std::string PageBrowser::CurrentPage() const {
     QListWidgetItem* item = pages_->currentItem();
-    return item ? ToAnsi(item->data(Qt::UserRole).toString()) : std::string();
+    return item ? ToPath(item->data(Qt::UserRole).toString()) : std::string();
 }
 
 void PageBrowser::FillCategories(const std::string& select) {
     QSignalBlocker block(categories_);
     categories_->clear();
     for (const CatalogCategory& c : catalog_.Categories()) {
-        auto* item = new QListWidgetItem(FromAnsi(c.Name) + QString(" (%1)").arg(c.Pages.size()),
+        auto* item = new QListWidgetItem(FromPath(c.Name) + QString(" (%1)").arg(c.Pages.size()),
                                          categories_);
-        item->setData(Qt::UserRole, FromAnsi(c.Name));
+        item->setData(Qt::UserRole, FromPath(c.Name));
         if (c.Name == select) categories_->setCurrentItem(item);
     }
     if (!categories_->currentItem()) categories_->setCurrentRow(0);
@@ -252,14 +269,14 @@ void PageBrowser::FillPages(const std::string& select) {
     QString filter = filter_->text().trimmed();
     for (const std::string& file : category ? category->Pages : std::vector<std::string>{}) {
         const PageInfo& info = Info(file);
-        QString name = FromAnsi(file.substr(0, file.size() - 4));
+        QString name = FromPath(file.substr(0, file.size() - 4));
         if (!filter.isEmpty() && !name.contains(filter, Qt::CaseInsensitive) &&
             !FromAnsi(info.Title).contains(filter, Qt::CaseInsensitive) &&
             !FromAnsi(info.Description).contains(filter, Qt::CaseInsensitive)) {
             continue;
         }
         auto* item = new QListWidgetItem(name, pages_);
-        item->setData(Qt::UserRole, FromAnsi(file));
+        item->setData(Qt::UserRole, FromPath(file));
         item->setToolTip(FromAnsi(info.Title));
         std::string path = catalog_.PathOf(file);
         auto found = thumbnails_.find(path);
@@ -295,7 +312,7 @@ void PageBrowser::ShowImages(bool show) {
 }
 
 std::string PageBrowser::PathOfItem(const QListWidgetItem* item) const {
-    return catalog_.PathOf(ToAnsi(item->data(Qt::UserRole).toString()));
+    return catalog_.PathOf(ToPath(item->data(Qt::UserRole).toString()));
 }
 
 std::vector<std::string> PageBrowser::VisiblePaths() const {
@@ -342,7 +359,7 @@ void PageBrowser::ShowDetails() {
     auto page = ReadPage(path, -1, false);
     QString text;
     if (!page) {
-        text = "<b>" + FromAnsi(file).toHtmlEscaped() + "</b><br>This page cannot be read.";
+        text = "<b>" + FromPath(file).toHtmlEscaped() + "</b><br>This page cannot be read.";
     } else {
         text = "<b>" + FromAnsi(page->Title()).toHtmlEscaped() + "</b><br>" +
                FromAnsi(page->Description()).toHtmlEscaped() + "<br><br>Sizes:";
@@ -367,7 +384,7 @@ bool PageBrowser::eventFilter(QObject* watched, QEvent* event) {
         auto* drop = static_cast<QDropEvent*>(event);
         if (drop->source() == pages_) {
             QListWidgetItem* target = categories_->itemAt(drop->position().toPoint());
-            if (target) MovePage(ToAnsi(target->data(Qt::UserRole).toString()));
+            if (target) MovePage(ToPath(target->data(Qt::UserRole).toString()));
             drop->acceptProposedAction();
             return true;
         }

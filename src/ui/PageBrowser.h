@@ -33,12 +33,15 @@ class PageBrowser : public QDialog {
     static constexpr int kThumbWidth = 160;
     static constexpr int kThumbHeight = 120;
 
-    // startPage (a native path) is selected when the catalogue lists it.
+    // startPage (a native path), the page open in the editor, is selected when the
+    // catalogue lists it; it cannot be deleted here, and a rename of it is told.
     PageBrowser(const std::string& startPage, QWidget* parent = nullptr);
     ~PageBrowser() override;
 
     // The path of the page chosen with Open; empty when the window was closed.
     const std::string& ChosenPath() const { return chosen_; }
+    // Told the new path when the page open in the editor is renamed here.
+    std::function<void(const std::string& path)> OpenPageRenamed;
 
     // Asks for a name: the title, the prompt and the proposal; nothing on Cancel. The text
     // prompt by default; tests script it.
@@ -74,6 +77,7 @@ class PageBrowser : public QDialog {
         std::string Title, Description, Details;
     };
     void BuildControls();
+    void RemoveOrphanThumbnails();
     void FillCategories(const std::string& select);
     void FillPages(const std::string& select);
     void ShowDetails();
@@ -87,9 +91,14 @@ class PageBrowser : public QDialog {
     std::string CurrentPage() const;
     // Shows a catalogue command's message when there is one; true when it succeeded.
     bool Done(const std::string& message);
+    // Asks for a name until apply takes it (an empty message) or the user cancels.
+    std::optional<std::string> AskName(const QString& title, const QString& prompt,
+                                       QString proposal,
+                                       const std::function<std::string(const std::string&)>& apply);
     void SaveWindowSettings();
 
     PageCatalog catalog_;
+    std::string openPage_;
     std::string chosen_;
     std::map<std::string, PageInfo> info_;
     // By native path; the pixmaps are shared with the items' icons, not copied.

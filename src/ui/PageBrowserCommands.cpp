@@ -24,7 +24,23 @@ constexpr const char* kTitle = "Page Browser";
 bool PageBrowser::Done(const std::string& message) {
     if (message.empty()) return true;
     ShowMessage(message, kTitle, MsgIcon::Exclamation);
+    // The catalogue may have taken in another program's changes: the lists follow it.
+    std::string page = CurrentPage();
+    FillCategories(CurrentCategory());
+    FillPages(page);
     return false;
+}
+
+std::optional<std::string> PageBrowser::AskName(const QString& title, const QString& prompt,
+                                                QString proposal,
+                                                const std::function<std::string(const std::string&)>& apply) {
+    // A refused name brings the prompt back with what was typed, to be mended.
+    for (;;) {
+        std::optional<QString> name = Ask(title, prompt, proposal);
+        if (!name) return std::nullopt;
+        if (Done(apply(ToPath(*name)))) return ToPath(*name);
+        proposal = *name;
+    }
 }
 
 void PageBrowser::OpenPage() {
@@ -35,9 +51,6 @@ void PageBrowser::OpenPage() {
 }
 
 void PageBrowser::NewPage() {
-    std::optional<QString> name =
-        Ask("New Page", "Enter the new page name (with no path or extension)", "");
-    if (!name) return;
     // Made as File > New makes a page: one format sized for this screen.
     PageClass page;
     page.InitNewPage();
@@ -47,39 +60,51 @@ void PageBrowser::NewPage() {
                             screen->geometry().height(),
                             static_cast<int>(screen->logicalDotsPerInchX() + 0.5));
     }
-    if (!Done(catalog_.NewPage(ToAnsi(*name), page))) return;
+    std::optional<std::string> name =
+        AskName("New Page", "Enter the new page name (with no path or extension)", "New Page",
+                [&](const std::string& n) { return catalog_.NewPage(n, page); });
+    if (!name) return;
     FillCategories(PageCatalog::kAddedRecently);
-    FillPages(ToAnsi(*name) + ".pag");
+    FillPages(*name + ".pag");
 }
 
 void PageBrowser::CopyPage() {
     std::string file = CurrentPage();
     if (file.empty()) return;
     std::string stem = file.substr(0, file.size() - 4);
-    std::optional<QString> name =
-        Ask("Copy Page", "Enter the name of the copy (with no path or extension)",
-            FromAnsi(stem + " copy"));
-    if (!name || !Done(catalog_.CopyPage(file, ToAnsi(*name)))) return;
+    std::optional<std::string> name =
+        AskName("Copy Page", "Enter the name of the copy (with no path or extension)",
+                FromPath(stem + " copy"),
+                [&](const std::string& n) { return catalog_.CopyPage(file, n); });
+    if (!name) return;
     FillCategories(PageCatalog::kAddedRecently);
-    FillPages(ToAnsi(*name) + ".pag");
+    FillPages(*name + ".pag");
 }
 
 void PageBrowser::RenamePage() {
     std::string file = CurrentPage();
     if (file.empty()) return;
-    std::optional<QString> name =
-        Ask("Rename Page", "Enter the new page name (with no path or extension)",
-            FromAnsi(file.substr(0, file.size() - 4)));
-    if (!name || !Done(catalog_.RenamePage(file, ToAnsi(*name)))) return;
+    std::optional<std::string> name =
+        AskName("Rename Page", "Enter the new page name (with no path or extension)",
+                FromPath(file.substr(0, file.size() - 4)),
+                [&](const std::string& n) { return catalog_.RenamePage(file, n); });
+    if (!name) return;
     info_.erase(file);
     FillCategories(CurrentCategory());
-    FillPages(ToAnsi(*name) + ".pag");
+    FillPages(*name + ".pag");
 }
 
 void PageBrowser::DeletePage() {
     std::string file = CurrentPage();
     if (file.empty()) return;
-    if (Messages().Show("Delete the page " + file + "?" + kCrLf + kCrLf +
+    if (!openPage_.empty() && catalog_.PathOf(file) == openPage_) {
+        ShowMessage("The page " + Utf8ToCp1252(file) +
+                        " is open in the editor, so it cannot be deleted. Open another page "
+                        "first, then delete this one.",
+                    kTitle, MsgIcon::Exclamation);
+        return;
+    }
+    if (Messages().Show("Delete the page " + Utf8ToCp1252(file) + "?" + kCrLf + kCrLf +
                             "It goes to the desktop's trash where there is one.",
                         "Delete Page", MsgButtons::OkCancel, MsgIcon::Question) != MsgAnswer::Ok) {
         return;
@@ -98,26 +123,28 @@ void PageBrowser::MovePage(const std::string& toCategory) {
 }
 
 void PageBrowser::NewCategory() {
-    std::optional<QString> name =
-        Ask("New Page Category", "Enter a new Page Category name", "New Category");
-    if (!name || !Done(catalog_.AddCategory(ToAnsi(*name)))) return;
-    FillCategories(ToAnsi(*name));
+    std::optional<std::string> name =
+        AskName("New Page Category", "Enter a new Page Category name", "New Category",
+                [&](const std::string& n) { return catalog_.AddCategory(n); });
+    if (!name) return;
+    FillCategories(*name);
     FillPages("");
 }
 
 void PageBrowser::RenameCategory() {
     std::string current = CurrentCategory();
     if (current.empty() || current == PageCatalog::kAddedRecently) return;
-    std::optional<QString> name =
-        Ask("Rename Page Category", "Enter the new name of the Page Category", FromAnsi(current));
-    if (!name || !Done(catalog_.RenameCategory(current, ToAnsi(*name)))) return;
-    FillCategories(ToAnsi(*name));
+    std::optional<std::string> name =
+        AskName("Rename Page Category", "Enter the new name of the Page Category",
+                FromPath(current),
+                [&](const std::string& n) { return catalog_.RenameCategory(current, n); });
+    if (name) FillCategories(*name);
 }
 
 void PageBrowser::DeleteCategory() {
     std::string current = CurrentCategory();
     if (current.empty() || current == PageCatalog::kAddedRecently) return;
-    if (Messages().Show("Delete the category " + current + "?" + kCrLf + kCrLf +
+    if (Messages().Show("Delete the category " + Utf8ToCp1252(current) + "?" + kCrLf + kCrLf +
                             "Its pages are kept, under " + PageCatalog::kAddedRecently + ".",
                         "Delete Page Category", MsgButtons::OkCancel,
                         MsgIcon::Question) != MsgAnswer::Ok) {

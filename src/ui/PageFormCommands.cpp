@@ -128,6 +128,11 @@ void PageForm::BrowsePages() {
     flow_.SaveChangesPrompt(cancel);
     if (cancel) return;
     PageBrowser browser(state_.CurrentFile, this);
+    // The page open here, renamed in the browser, is saved under its new name from now on.
+    browser.OpenPageRenamed = [this](const std::string& path) {
+        flow_.FileRenamed(path);
+        RefreshUI(true);
+    };
     browser.exec();
     const std::string& chosen = browser.ChosenPath();
     if (chosen.empty() || EqualsIgnoreCase(chosen, state_.CurrentFile)) return;

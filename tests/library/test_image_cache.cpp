@@ -44,8 +44,9 @@ BitmapMaker Recording(std::vector<std::string>& made) {
 // Sets a file's time to a whole second plus a fraction, so that tests can put two files in
 // the same second or in successive ones.
 void SetTime(const std::string& path, int second, int millis = 0) {
+    // Ahead of now: a file's status change time, which freshness counts too, is now.
     fs::file_time_type base = fs::file_time_type::clock::now();
-    base = std::chrono::floor<seconds>(base) - seconds(1000);
+    base = std::chrono::floor<seconds>(base) + seconds(10);
     fs::last_write_time(path, base + seconds(second) + std::chrono::milliseconds(millis));
 }
 
@@ -71,8 +72,17 @@ TEST(ImageCache, NamesWithEitherSeparator) {
     AppFolders().FindFolders(0, test::FakeSpecialFolders("/home/u", '/'), '/');
     ImageCache native(nullptr, '/');
     EXPECT_EQ(native.CacheDir(), "/home/u/Local/Quillon/Veltrane/v9/ImageCache/");
-    EXPECT_EQ(native.GetCacheName("/p/My Pages/B:1.pag", 160, 120),
-              native.CacheDir() + "_p_My Pages_B_1.pag_160x120.bmp");
+    EXPECT_EQ(native.GetCacheName("/p/My Pages/B1.pag", 160, 120),
+              native.CacheDir() + "_p_My Pages_B1.pag_160x120.bmp");
+    // Where the escaped path could name another page too, or is too long for a file name, a
+    // hash of the path tells them apart.
+    std::string colon = native.GetCacheName("/p/a:b.pag", 10, 10);
+    std::string underscore = native.GetCacheName("/p/a_b.pag", 10, 10);
+    EXPECT_NE(colon, underscore);
+    EXPECT_EQ(colon.rfind(native.CacheDir() + "_p_a_b.pag~", 0), 0u);
+    EXPECT_NE(native.GetCacheName("/p/a/b.pag", 10, 10), colon);
+    std::string longName = native.GetCacheName("/p/" + std::string(300, 'x') + ".pag", 10, 10);
+    EXPECT_LE(fs::path(longName).filename().string().size(), 255u);
 }
 
 TEST(ImageCache, FreshOnlyWhenStrictlyNewerAndMadeOnlyWhereAllowed) {
@@ -107,21 +117,45 @@ TEST(ImageCache, FreshOnlyWhenStrictlyNewerAndMadeOnlyWhereAllowed) {
     EXPECT_FALSE(FileExists(name));
 }
 
+// A page that can no longer be drawn loses its old picture; thumbnails of pages gone go.
+TEST(ImageCache, ThumbnailsTellTheTruth) {
+    test::ScopedAppFolders folders;
+    bool drawable = true;
+    ImageCache cache(
+        [&](const std::string&, int32_t, int32_t, const std::string& target) {
+            if (drawable) WriteFile(target);
+            return drawable;
+        },
+        '/');
+    ASSERT_TRUE(cache.PrepareForCaching());
+    std::string page = folders.Dir().Write("A.pag", "page");
+    std::string other = folders.Dir().Write("B.pag", "page");
+    ASSERT_TRUE(cache.CreateCache(page, 10, 10));
+    ASSERT_TRUE(cache.CreateCache(other, 10, 10));
+    WriteFile(cache.GetCacheName(folders.Dir() / "logo.png", 10, 10));  // a picture, kept
+    drawable = false;
+    EXPECT_FALSE(cache.CreateCache(page, 10, 10));
+    EXPECT_FALSE(FileExists(cache.GetCacheName(page, 10, 10)));
+    EXPECT_EQ(cache.RemoveOrphans({page}, 10, 10), 1);
+    EXPECT_FALSE(FileExists(cache.GetCacheName(other, 10, 10)));
+    EXPECT_TRUE(FileExists(cache.GetCacheName(folders.Dir() / "logo.png", 10, 10)));
+}
+
 TEST(ImageCache, ClearCachesKeepsTheColonWhileClearAllTakesEveryBitmap) {
     test::ScopedAppFolders folders;
     std::vector<std::string> made;
     ImageCache cache(Recording(made), '/');
     ASSERT_TRUE(cache.PrepareForCaching());
     // B.pag's escaped names begin like A.pag's.
-    for (const char* page : {"/p/A.pag", "/p/A.pag_old/B.pag", "/p/AB.pag", "/d:/p/C.pag"}) {
+    for (const char* page : {"/p/A.pag", "/p/A.pag_old/B.pag", "/p/AB.pag", "d:/p/C.pag"}) {
         for (int w : {10, 20}) WriteFile(cache.GetCacheName(page, w, w));
     }
     WriteFile(cache.CacheDir() + "notes.txt");
 
     cache.ClearCaches("/p/A.pag");     // every size, and the page whose name merely begins alike
-    cache.ClearCaches("/d:/p/C.pag");  // the colon stays in the pattern: nothing matches
+    cache.ClearCaches("d:/p/C.pag");  // the drive's colon stays in the pattern: nothing matches
     EXPECT_EQ(CacheFiles(cache),
-              "_d__p_C.pag_10x10.bmp _d__p_C.pag_20x20.bmp _p_AB.pag_10x10.bmp _p_AB.pag_20x20.bmp "
+              "_p_AB.pag_10x10.bmp _p_AB.pag_20x20.bmp d__p_C.pag_10x10.bmp d__p_C.pag_20x20.bmp "
               "notes.txt ");
     cache.ClearAllCaches();
     EXPECT_EQ(CacheFiles(cache), "notes.txt ");

@@ -61,6 +61,86 @@ TEST_F(PageCatalogTest, ADamagedCatalogueIsKeptAsideAndRebuiltWithNothingLost) {
     EXPECT_NE(catalog.Problem().find("could not be read"), std::string::npos);
     EXPECT_EQ(test::ReadAll(dir / "PageCatalog.bad.txt"), damaged);
     EXPECT_TRUE(PageCatalog::Load(folder).Problem().empty());  // told once
+    // Damaged again: the first copy stays, the second is numbered; a reader writes none.
+    dir.Write("PageCatalog.txt", "Natal.pag before any category\n");
+    EXPECT_EQ(PageCatalog::Load(folder, false).Problem().find("A copy"), std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(dir / "PageCatalog.bad-2.txt"));
+    EXPECT_NE(PageCatalog::Load(folder).Problem().find("kept as PageCatalog.bad-2.txt"),
+              std::string::npos);
+    EXPECT_EQ(test::ReadAll(dir / "PageCatalog.bad.txt"), damaged);
+}
+
+// Pages named in any script keep their real file names from the folder to every command and
+// through the catalogue file; names Windows-1252 holds are stored as before.
+TEST_F(PageCatalogTest, NamesInAnyScriptSurviveEveryCommandAndTheFile) {
+    for (const char* page : {"日本.pag", "Ωmega chart.pag", "Звезда.pag", "Café.pag"})
+        dir.Write(page, "x");
+    PageCatalog catalog = PageCatalog::Load(folder);
+    ASSERT_EQ(catalog.AddCategory("Étoiles ✶"), "");
+    ASSERT_EQ(catalog.MovePage("Звезда.pag", "Étoiles ✶"), "");
+    ASSERT_EQ(catalog.MovePage("Café.pag", "Étoiles ✶"), "");
+    ASSERT_EQ(catalog.RenamePage("Ωmega chart.pag", "Ωmega 2"), "");
+    ASSERT_EQ(catalog.CopyPage("日本.pag", "日本 copy"), "");
+    PageClass blank;
+    blank.InitNewPage();
+    ASSERT_EQ(catalog.NewPage("Новая", blank), "");
+    ASSERT_EQ(catalog.DeletePage("日本.pag"), "");
+    EXPECT_FALSE(std::filesystem::exists(dir / "日本.pag"));
+    EXPECT_TRUE(std::filesystem::exists(dir / "Ωmega 2.pag"));
+    EXPECT_TRUE(std::filesystem::exists(dir / "Новая.pag"));
+    EXPECT_EQ(test::ReadAll(dir / "PageCatalog.txt"),
+              "# Paginox page catalogue: [Category] lines, then its page files.\n"
+              "\n[*Étoiles ✶]\n*Звезда.pag\nCaf\xE9.pag\n");
+    const std::string all = "Added Recently: Lunar.pag Natal.pag Solar.pag Ωmega 2.pag "
+                            "Новая.pag 日本 copy.pag | Étoiles ✶: Звезда.pag Café.pag";
+    EXPECT_EQ(Shown(catalog), all);
+    EXPECT_EQ(Shown(PageCatalog::Load(folder)), all);
+}
+
+// What other programs do to the catalogue is kept: a Windows editor's byte order mark, CR LF,
+// tabs and repeated sections, and a change made while the catalogue is open here.
+TEST_F(PageCatalogTest, OtherProgramsFilingIsReadAndNeverOverwritten) {
+    dir.Write("PageCatalog.txt",
+              "\xEF\xBB\xBF[Charts]\r\n\tNatal.pag  \r\n[Ölçü]\r\n[charts]\r\nSolar.pag\r\n"
+              "[added recently]\r\nLunar.pag\r\n");
+    PageCatalog catalog = PageCatalog::Load(folder);
+    EXPECT_TRUE(catalog.Problem().empty()) << catalog.Problem();
+    EXPECT_EQ(Shown(catalog), "Added Recently: Lunar.pag | Charts: Natal.pag Solar.pag | Ölçü:");
+
+    // Another program files Lunar while the catalogue is open here, then this one acts.
+    PageCatalog other = PageCatalog::Load(folder);
+    ASSERT_EQ(other.AddCategory("Moons"), "");
+    ASSERT_EQ(other.MovePage("Lunar.pag", "moons"), "");
+    ASSERT_EQ(catalog.AddCategory("Later"), "");
+    EXPECT_EQ(Shown(PageCatalog::Load(folder)),
+              "Added Recently: | Charts: Natal.pag Solar.pag | Ölçü: | Moons: Lunar.pag | Later:");
+
+    // A save that fails leaves disk, memory and the answer in step: nothing changed.
+    std::filesystem::permissions(dir / "PageCatalog.txt", std::filesystem::perms::owner_read);
+    EXPECT_NE(catalog.RenamePage("Natal.pag", "Birth").find("nothing was changed"),
+              std::string::npos);
+    EXPECT_TRUE(std::filesystem::exists(dir / "Natal.pag"));
+    EXPECT_EQ(catalog.CategoryOf("Natal.pag"), "Charts");
+}
+
+// The legacy list in any form an old tool or an editor left it.
+TEST_F(PageCatalogTest, ALegacyListInUtf16OrWithAnEmptySectionIsImportedWhole) {
+    std::string utf16 = "\xFF\xFE";
+    for (char c : std::string("[]\r\n1=Natal.pag\r\n[Sun]\r\n1=Solar.pag\r\n")) utf16 += {c, '\0'};
+    dir.Write("pages.ini", utf16);
+    PageCatalog catalog = PageCatalog::Load(folder);
+    EXPECT_EQ(Shown(catalog), "Added Recently: Lunar.pag | Unnamed: Natal.pag | Sun: Solar.pag");
+    EXPECT_NE(catalog.Problem().find("imported: 2 categories listing 2 pages"), std::string::npos);
+    EXPECT_EQ(LegacyText("\xEF\xBB\xBF[A]"), "[A]");
+    EXPECT_EQ(LegacyText("[Caf\xE9]"), "[Café]");
+}
+
+// paginox-tool library reads the catalogue without ever writing it.
+TEST_F(PageCatalogTest, AReaderWritesNothing) {
+    dir.Write("pages.ini", "[Charts]\r\n1=Natal.pag\r\n");
+    EXPECT_EQ(Shown(PageCatalog::Load(folder, false)),
+              "Added Recently: Lunar.pag Solar.pag | Charts: Natal.pag");
+    EXPECT_FALSE(std::filesystem::exists(dir / "PageCatalog.txt"));
 }
 
 TEST_F(PageCatalogTest, PageCommandsKeepFilesAndCatalogueInStep) {
@@ -88,14 +168,17 @@ TEST_F(PageCatalogTest, PageCommandsKeepFilesAndCatalogueInStep) {
         {"a/b", "A name cannot contain any of these characters: \\ / : * ? \" < > |"},
         {"a:b", "A name cannot contain any of these characters: \\ / : * ? \" < > |"},
         {" Solar", "A page name cannot begin or end with a space, or end with a full stop."},
-        {"solar", "There is already a page named solar."},
         {"Fresh", "There is already a page named Fresh."}};
     for (const auto& [name, message] : badNames) {
         SCOPED_TRACE(name);
         EXPECT_EQ(catalog.RenamePage("Solar.pag", name), message);
         EXPECT_EQ(catalog.NewPage(name, blank), message);
     }
-    EXPECT_TRUE(std::filesystem::exists(dir / "Solar.pag"));
+    EXPECT_EQ(catalog.NewPage("solar", blank), "There is already a page named solar.");
+    // Only the letter case of its own name: a rename like any other.
+    EXPECT_EQ(catalog.RenamePage("Solar.pag", "SOLAR"), "");
+    EXPECT_TRUE(std::filesystem::exists(dir / "SOLAR.pag"));
+    EXPECT_FALSE(std::filesystem::exists(dir / "Solar.pag"));
 }
 
 TEST_F(PageCatalogTest, CategoriesAreAddedRenamedReorderedAndDeletedWithoutLosingPages) {

@@ -6,6 +6,7 @@
 #include <QListWidget>
 #include <QStatusBar>
 #include <QTableWidget>
+#include <deque>
 #include <filesystem>
 #include <fstream>
 
@@ -150,6 +151,36 @@ TEST_F(BrowserTest, ShowsThumbnailsOpensAndRenamesThroughThePrompt) {
     browser.OpenPage();
     EXPECT_EQ(browser.ChosenPath(), pages + "Wall Poster.pag");
     EXPECT_EQ(browser.result(), QDialog::Accepted);
+}
+
+// The page open in the editor: a rename is told so the editor follows it, a delete refused.
+// A refused name comes back in the prompt as typed; New Page proposes "New Page".
+TEST_F(BrowserTest, ThePageOpenInTheEditorIsFollowedAndNeverDeleted) {
+    PageBrowser browser(pages + "Poster.pag");
+    std::string followed;
+    browser.OpenPageRenamed = [&](const std::string& path) { followed = path; };
+    std::vector<QString> proposals;
+    std::deque<QString> typed = {"Birth Chart", "Ωmega poster"};
+    browser.Ask = [&](const QString&, const QString&, const QString& proposal) {
+        proposals.push_back(proposal);
+        QString name = typed.front();
+        typed.pop_front();
+        return std::optional<QString>(name);
+    };
+    browser.RenamePage();
+    EXPECT_EQ(followed, pages + "Ωmega poster.pag");
+    EXPECT_EQ(proposals, (std::vector<QString>{"Poster", "Birth Chart"}));
+    EXPECT_EQ(messages.Last(), "Page Browser: There is already a page named Birth Chart.");
+    browser.DeletePage();
+    EXPECT_TRUE(std::filesystem::exists(pages + "Ωmega poster.pag"));
+    EXPECT_NE(messages.Last().find("is open in the editor"), std::string::npos);
+
+    browser.Ask = [&](const QString&, const QString&, const QString& proposal) {
+        proposals.push_back(proposal);
+        return std::optional<QString>();
+    };
+    browser.NewPage();
+    EXPECT_EQ(proposals.back(), "New Page");
 }
 
 }  // namespace
