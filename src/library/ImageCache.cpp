@@ -33,7 +33,6 @@ std::string Escaped(const std::string& path, std::string_view replaced) {
     return out;
 }
 
-
 // A file's modification time in whole seconds of the system clock, as LastChangeSecond
 // counts; none when it cannot be read.
 std::optional<int64_t> ModifiedSecond(const std::string& path) {
@@ -84,7 +83,8 @@ bool ImageCache::IsPlainName(const std::string& pagePath, const std::string& fil
     size_t colon = pagePath.find(':');
     bool driveColon = colon == 1 && std::isalpha(static_cast<unsigned char>(pagePath[0]));
     return pagePath.find('_') == std::string::npos &&
-           (colon == std::string::npos || (driveColon && pagePath.find(':', 2) == std::string::npos)) &&
+           (colon == std::string::npos ||
+            (driveColon && pagePath.find(':', 2) == std::string::npos)) &&
            fileName.size() <= kMaxNameBytes;
 }
 

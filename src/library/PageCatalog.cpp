@@ -152,8 +152,9 @@ std::vector<CatalogCategory> ParseLegacyCatalog(const std::string& text) {
             std::string name = TrimBlanks(line.substr(1, line.size() - 2));
             // A section without a name still holds the user's filing.
             if (name.empty()) name = kUnnamedCategory;
-            auto same = std::find_if(categories.begin(), categories.end(),
-                                     [&](const CatalogCategory& c) { return SameName(c.Name, name); });
+            auto same =
+                std::find_if(categories.begin(), categories.end(),
+                             [&](const CatalogCategory& c) { return SameName(c.Name, name); });
             current = size_t(same - categories.begin());
             if (same == categories.end()) categories.push_back({name, {}});
             continue;
@@ -178,8 +179,8 @@ namespace {
 // copies are never overwritten. The copy's name, or nothing when none could be made.
 std::optional<std::string> KeepDamagedCopy(const std::string& folder, const std::string& file) {
     for (int n = 1; n < 1000; ++n) {
-        std::string name = n == 1 ? std::string(kBadCopyName)
-                                  : "PageCatalog.bad-" + std::to_string(n) + ".txt";
+        std::string name =
+            n == 1 ? std::string(kBadCopyName) : "PageCatalog.bad-" + std::to_string(n) + ".txt";
         if (TypeOfFile(folder + name) != FileType::Missing) continue;
         std::error_code error;
         if (fs::copy_file(file, folder + name, error) && !error) return name;
@@ -218,11 +219,13 @@ void PageCatalog::Reload() {
             }
         }
         if (!text || !ParseCatalog(*text, stored)) {
-            std::optional<std::string> copy = write_ ? KeepDamagedCopy(folder_, file) : std::nullopt;
+            std::optional<std::string> copy =
+                write_ ? KeepDamagedCopy(folder_, file) : std::nullopt;
             problem_ = "The page catalogue " + Utf8ToCp1252(file) + " could not be read. " +
                        (copy ? "A copy of it was kept as " + *copy + ", and the" : "The") +
                        " catalogue was made afresh from the Pages folder: every page is listed "
-                       "under " + kAddedRecently + ".";
+                       "under " +
+                       kAddedRecently + ".";
             stored.clear();
             save = true;
         }
@@ -250,12 +253,11 @@ std::vector<CatalogCategory> PageCatalog::ImportLegacy() {
     }
     size_t pages = 0;
     for (const CatalogCategory& c : imported) pages += c.Pages.size();
-    problem_ = imported.empty()
-                   ? "The old page list " + Utf8ToCp1252(legacy) +
-                         " holds no categories, so nothing was imported from it."
-                   : "The categories of the old page list " + Utf8ToCp1252(legacy) +
-                         " were imported: " + std::to_string(imported.size()) +
-                         " categories listing " + std::to_string(pages) + " pages.";
+    problem_ = imported.empty() ? "The old page list " + Utf8ToCp1252(legacy) +
+                                      " holds no categories, so nothing was imported from it."
+                                : "The categories of the old page list " + Utf8ToCp1252(legacy) +
+                                      " were imported: " + std::to_string(imported.size()) +
+                                      " categories listing " + std::to_string(pages) + " pages.";
     return imported;
 }
 

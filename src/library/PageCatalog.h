@@ -86,8 +86,7 @@ class PageCatalog {
     // renamed: the page or category being renamed, which the new name may match.
     std::string PageNameProblem(const std::string& name, std::string& file,
                                 const std::string& renamed = "") const;
-    std::string CategoryNameProblem(const std::string& name,
-                                    const std::string& renamed = "") const;
+    std::string CategoryNameProblem(const std::string& name, const std::string& renamed = "") const;
     // Saves the change just made; when that fails, the catalogue goes back to before and
     // undoOnDisk takes back what the command did to the files.
     std::string Commit(std::vector<CatalogCategory> before,

@@ -1,32 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/PageBrowser.h"
 
+// The page browser's window: its controls, keys, menus, drops and remembered settings.
+
 #include <QCheckBox>
-#include <QDateTime>
+#include <QComboBox>
 #include <QDropEvent>
-#include <QFileInfo>
-#include <filesystem>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
-#include <QPainter>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QSplitter>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <filesystem>
 
-#include "core/AnsiText.h"
 #include "core/MessageService.h"
-#include "editor/PageSizes.h"
 #include "editor/QtText.h"
 #include "library/ImageCache.h"
 #include "library/ThumbnailQueue.h"
-#include "model/PageClass.h"
-#include "model/PageFormat.h"
-#include "persist/FileIO_Page.h"
 #include "persist/Folders.h"
 #include "ui/UserInputSimple.h"
 
@@ -37,36 +35,27 @@ namespace {
 constexpr const char* kSection = "Page Browser";
 constexpr const char* kTitle = "Page Browser";
 
-// What a page that cannot be read shows instead of its thumbnail: a warning mark.
-QImage Placeholder() {
-    QImage image(PageBrowser::kThumbWidth, PageBrowser::kThumbHeight, QImage::Format_RGB32);
-    image.fill(QColor(236, 236, 236));
-    QPainter p(&image);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setBrush(QColor(250, 200, 40));
-    p.setPen(QPen(QColor(120, 90, 0), 2));
-    const QPointF tri[3] = {{80, 30}, {50, 90}, {110, 90}};
-    p.drawPolygon(tri, 3);
-    p.setPen(QPen(Qt::black, 4));
-    p.drawLine(80, 50, 80, 72);
-    p.drawPoint(80, 82);
-    return image;
-}
-
-const QPixmap& Blank() {
-    static const QPixmap blank = [] {
-        QPixmap pixmap(PageBrowser::kThumbWidth, PageBrowser::kThumbHeight);
-        pixmap.fill(QColor(246, 246, 246));
-        return pixmap;
-    }();
-    return blank;
-}
-
 int IniNumber(const char* key, int fallback) {
     bool ok = false;
     int v = QString::fromStdString(ReadIni(kSection, key, "")).toInt(&ok);
     return ok ? v : fallback;
 }
+
+// The pages list: what it drags is the selected pages' file names.
+class PageList : public QListWidget {
+  public:
+    explicit PageList(QWidget* parent) : QListWidget(parent) {}
+
+  protected:
+    QStringList mimeTypes() const override { return {PageBrowser::kPagesMimeType}; }
+    QMimeData* mimeData(const QList<QListWidgetItem*>& items) const override {
+        QStringList names;
+        for (const QListWidgetItem* item : items) names << item->data(Qt::UserRole).toString();
+        auto* data = new QMimeData;
+        data->setData(PageBrowser::kPagesMimeType, names.join('\n').toUtf8());
+        return data;
+    }
+};
 
 }  // namespace
 
@@ -94,10 +83,14 @@ PageBrowser::PageBrowser(const std::string& startPage, QWidget* parent)
     queue_ = new ThumbnailQueue(kThumbWidth, kThumbHeight, this);
     connect(queue_, &ThumbnailQueue::ready, this, &PageBrowser::ThumbnailReady);
     BuildControls();
+    ConnectControls();
     resize(IniNumber("WindowWidth", 1000), IniNumber("WindowHeight", 700));
     if (IniNumber("WindowLeft", -1) >= 0)
         move(IniNumber("WindowLeft", 0), IniNumber("WindowTop", 0));
+    if (IniNumber("Splitter", -1) > 0)
+        splitter_->setSizes({IniNumber("Splitter", 260), width() - IniNumber("Splitter", 260)});
     showImages_->setChecked(ReadIni(kSection, "Show_Images", "True") != "False");
+    order_->setCurrentIndex(std::clamp(IniNumber("Order", 0), 0, order_->count() - 1));
     if (!catalog_.Problem().empty()) ShowMessage(catalog_.Problem(), kTitle, MsgIcon::Exclamation);
     RemoveOrphanThumbnails();
     std::string start = std::filesystem::path(startPage).filename().string();
@@ -107,50 +100,107 @@ PageBrowser::PageBrowser(const std::string& startPage, QWidget* parent)
 
 PageBrowser::~PageBrowser() = default;
 
-void PageBrowser::RemoveOrphanThumbnails() {
-    // Thumbnails of pages deleted or renamed elsewhere would only fill the disk.
-    std::vector<std::string> paths;
-    for (const CatalogCategory& c : catalog_.Categories()) {
-        for (const std::string& page : c.Pages) paths.push_back(catalog_.PathOf(page));
-    }
-    cache_->RemoveOrphans(paths, kThumbWidth, kThumbHeight);
+void PageBrowser::BuildControls() {
+    splitter_ = new QSplitter(this);
+    splitter_->setObjectName("splBrowser");
+    splitter_->addWidget(BuildCategoryPane());
+    splitter_->addWidget(BuildPagePane());
+    splitter_->setStretchFactor(0, 0);
+    splitter_->setStretchFactor(1, 1);
+    splitter_->setSizes({260, 740});
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(splitter_);
 }
 
-void PageBrowser::BuildControls() {
+QWidget* PageBrowser::BuildCategoryPane() {
     categories_ = new QListWidget(this);
     categories_->setObjectName("lstCategories");
     categories_->setAcceptDrops(true);
     categories_->viewport()->installEventFilter(this);
-    pages_ = new QListWidget(this);
+    categories_->setContextMenuPolicy(Qt::CustomContextMenu);
+    auto* pane = new QWidget(this);
+    pane->setMinimumWidth(220);
+    auto* buttons = new QHBoxLayout;
+    auto add = [&](const char* name, const QString& text, const QString& tip,
+                   std::function<void()> act) {
+        auto* b = new QPushButton(text, pane);
+        b->setObjectName(name);
+        b->setToolTip(tip);
+        b->setAutoDefault(false);
+        connect(b, &QPushButton::clicked, this, act);
+        buttons->addWidget(b);
+        buttons_[name] = b;
+        return b;
+    };
+    add("btnNewCategory", "New", "Add a category", [this] { NewCategory(); });
+    add("btnRenameCategory", "Rename", "Rename the category", [this] { RenameCategory(); });
+    add("btnDeleteCategory", "Delete", "Delete the category; its pages are kept",
+        [this] { DeleteCategory(); });
+    // Narrow arrows leave the category buttons room for their words.
+    for (auto [name, text, by] :
+         {std::tuple{"btnCategoryUp", "\u2191", -1}, std::tuple{"btnCategoryDown", "\u2193", 1}}) {
+        QPushButton* arrow = add(name, QString::fromUtf8(text),
+                                 by < 0 ? "Move the category up" : "Move the category down",
+                                 [this, by = by] { MoveCategory(by); });
+        arrow->setFixedWidth(arrow->fontMetrics().height() * 2);
+    }
+    auto* layout = new QVBoxLayout(pane);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(new QLabel("Categories:", pane));
+    layout->addWidget(categories_, 1);
+    layout->addLayout(buttons);
+    return pane;
+}
+
+QWidget* PageBrowser::BuildPagePane() {
+    auto* pane = new QWidget(this);
+    pages_ = new PageList(pane);
     pages_->setObjectName("lstPages");
-    pages_->setDragEnabled(true);
-    pages_->setDragDropMode(QAbstractItemView::DragOnly);
+    pages_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     pages_->setResizeMode(QListView::Adjust);
-    pages_->setMovement(QListView::Static);
+    pages_->setUniformItemSizes(true);
+    pages_->setContextMenuPolicy(Qt::CustomContextMenu);
     pages_->installEventFilter(this);
-    filter_ = new QLineEdit(this);
+    filter_ = new QLineEdit(pane);
     filter_->setObjectName("txtFilter");
-    filter_->setPlaceholderText("Filter by name, title or description");
+    filter_->setPlaceholderText("Filter by name, title or description (Ctrl+F)");
     filter_->setClearButtonEnabled(true);
-    showImages_ = new QCheckBox("Show images", this);
+    order_ = new QComboBox(pane);
+    order_->setObjectName("cmbOrder");
+    order_->addItems({"Filed order", "Name", "Date modified", "Date added"});
+    order_->setToolTip("The order of the pages");
+    showImages_ = new QCheckBox("Show images", pane);
     showImages_->setObjectName("chkShowImages");
-    details_ = new QLabel(this);
+    details_ = new QLabel(pane);
     details_->setObjectName("lblDetails");
     details_->setWordWrap(true);
     details_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     details_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    details_->setMinimumWidth(240);
-    progress_ = new QLabel(this);
+    // A fixed width: a long name wraps or is cut short, and never widens the window.
+    details_->setFixedWidth(240);
+    progress_ = new QLabel(pane);
     progress_->setObjectName("lblProgress");
+    empty_ = new QLabel(pages_->viewport());
+    empty_->setObjectName("lblEmpty");
+    empty_->setAlignment(Qt::AlignCenter);
+    empty_->setWordWrap(true);
+    empty_->setAttribute(Qt::WA_TransparentForMouseEvents);
 
-    auto button = [this](const char* name, const QString& text, void (PageBrowser::*slot)()) {
-        auto* b = new QPushButton(text, this);
+    auto* buttons = new QHBoxLayout;
+    auto add = [&](const char* name, const QString& text, std::function<void()> act) {
+        auto* b = new QPushButton(text, pane);
         b->setObjectName(name);
-        connect(b, &QPushButton::clicked, this, [this, slot] { (this->*slot)(); });
+        connect(b, &QPushButton::clicked, this, act);
+        buttons->addWidget(b);
+        buttons_[name] = b;
         return b;
     };
-    auto* move = new QPushButton("Move to", this);
-    move->setObjectName("btnMoveTo");
+    add("btnOpen", "&Open", [this] { OpenPage(); })->setDefault(true);
+    add("btnNewPage", "&New Page...", [this] { NewPage(); });
+    add("btnCopy", "&Copy...", [this] { CopyPage(); });
+    add("btnRename", "&Rename...", [this] { RenamePage(); });
+    add("btnDelete", "&Delete", [this] { DeletePage(); });
+    QPushButton* move = add("btnMoveTo", "&Move to", [] {});
     auto* moveMenu = new QMenu(move);
     move->setMenu(moveMenu);
     connect(moveMenu, &QMenu::aboutToShow, this, [this, moveMenu] {
@@ -160,244 +210,154 @@ void PageBrowser::BuildControls() {
             moveMenu->addAction(FromPath(name), this, [this, name] { MovePage(name); });
         }
     });
-
-    auto* categoryButtons = new QHBoxLayout;
-    categoryButtons->addWidget(button("btnNewCategory", "New", &PageBrowser::NewCategory));
-    categoryButtons->addWidget(button("btnRenameCategory", "Rename", &PageBrowser::RenameCategory));
-    categoryButtons->addWidget(button("btnDeleteCategory", "Delete", &PageBrowser::DeleteCategory));
-    auto* up = new QPushButton("\u2191", this);
-    up->setToolTip("Move the category up");
-    connect(up, &QPushButton::clicked, this, [this] { MoveCategory(-1); });
-    auto* down = new QPushButton("\u2193", this);
-    down->setToolTip("Move the category down");
-    connect(down, &QPushButton::clicked, this, [this] { MoveCategory(1); });
-    // Narrow arrows leave the category buttons room for their words.
-    for (QPushButton* arrow : {up, down}) {
-        arrow->setFixedWidth(arrow->fontMetrics().height() * 2);
-        categoryButtons->addWidget(arrow);
-    }
-    auto* left = new QWidget(this);
-    auto* leftLayout = new QVBoxLayout(left);
-    leftLayout->setContentsMargins(0, 0, 0, 0);
-    leftLayout->addWidget(new QLabel("Categories:", left));
-    leftLayout->addWidget(categories_, 1);
-    leftLayout->addLayout(categoryButtons);
+    buttons->addStretch(1);
+    buttons->addWidget(progress_);
+    add("btnClose", "Close", [this] { reject(); })->setAutoDefault(false);
 
     auto* top = new QHBoxLayout;
     top->addWidget(filter_, 1);
+    top->addWidget(order_);
     top->addWidget(showImages_);
-    auto* pageButtons = new QHBoxLayout;
-    pageButtons->addWidget(button("btnOpen", "Open", &PageBrowser::OpenPage));
-    pageButtons->addWidget(button("btnNewPage", "New Page", &PageBrowser::NewPage));
-    pageButtons->addWidget(button("btnCopy", "Copy", &PageBrowser::CopyPage));
-    pageButtons->addWidget(button("btnRename", "Rename", &PageBrowser::RenamePage));
-    pageButtons->addWidget(button("btnDelete", "Delete", &PageBrowser::DeletePage));
-    pageButtons->addWidget(move);
-    pageButtons->addStretch(1);
-    pageButtons->addWidget(progress_);
-    auto* close = new QPushButton("Close", this);
-    connect(close, &QPushButton::clicked, this, &QDialog::reject);
-    pageButtons->addWidget(close);
-    auto* right = new QWidget(this);
-    auto* rightLayout = new QVBoxLayout(right);
-    rightLayout->setContentsMargins(0, 0, 0, 0);
-    rightLayout->addLayout(top);
     auto* middle = new QHBoxLayout;
     middle->addWidget(pages_, 1);
     middle->addWidget(details_);
-    rightLayout->addLayout(middle, 1);
-    rightLayout->addLayout(pageButtons);
+    auto* layout = new QVBoxLayout(pane);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(top);
+    layout->addLayout(middle, 1);
+    layout->addLayout(buttons);
+    return pane;
+}
 
-    auto* splitter = new QSplitter(this);
-    splitter->addWidget(left);
-    splitter->addWidget(right);
-    splitter->setStretchFactor(0, 0);
-    splitter->setStretchFactor(1, 1);
-    left->setMinimumWidth(260);
-    splitter->setSizes({260, 740});
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(splitter);
-
+void PageBrowser::ConnectControls() {
     connect(categories_, &QListWidget::currentRowChanged, this, [this] { FillPages(""); });
     connect(pages_, &QListWidget::currentRowChanged, this, [this] { ShowDetails(); });
+    connect(pages_, &QListWidget::itemSelectionChanged, this, [this] { UpdateButtons(); });
     connect(pages_, &QListWidget::itemActivated, this, [this] { OpenPage(); });
-    connect(filter_, &QLineEdit::textChanged, this, [this] { FillPages(CurrentPage()); });
+    connect(filter_, &QLineEdit::textChanged, this, [this] {
+        std::string page = CurrentPage();
+        FillCategories(CurrentCategory());
+        FillPages(page);
+    });
+    connect(order_, &QComboBox::currentIndexChanged, this, [this] { FillPages(CurrentPage()); });
     connect(showImages_, &QCheckBox::toggled, this, [this](bool on) { ShowImages(on); });
     connect(pages_->verticalScrollBar(), &QScrollBar::valueChanged, this,
             [this] { RequestVisibleThumbnails(); });
+    connect(pages_, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& at) { ShowPageMenu(at); });
+    connect(categories_, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& at) { ShowCategoryMenu(at); });
+    // Tab goes from the filter to the pages, their buttons, then the categories.
+    setTabOrder(filter_, order_);
+    setTabOrder(order_, showImages_);
+    setTabOrder(showImages_, pages_);
+    setTabOrder(pages_, buttons_["btnOpen"]);
+    auto* find = new QShortcut(QKeySequence::Find, this);
+    connect(find, &QShortcut::activated, this, [this] {
+        filter_->setFocus();
+        filter_->selectAll();
+    });
 }
 
-std::string PageBrowser::CurrentCategory() const {
-    QListWidgetItem* item = categories_->currentItem();
-    return item ? ToPath(item->data(Qt::UserRole).toString()) : std::string();
-}
-
-std::string PageBrowser::CurrentPage() const {
-    QListWidgetItem* item = pages_->currentItem();
-    return item ? ToPath(item->data(Qt::UserRole).toString()) : std::string();
-}
-
-void PageBrowser::FillCategories(const std::string& select) {
-    QSignalBlocker block(categories_);
-    categories_->clear();
+void PageBrowser::ShowPageMenu(const QPoint& at) {
+    if (QListWidgetItem* item = pages_->itemAt(at); item && !item->isSelected()) {
+        pages_->setCurrentItem(item);
+    }
+    QMenu menu(this);
+    menu.setObjectName("mnuPagePopup");
+    auto action = [&](const char* text, const QKeySequence& keys, std::function<void()> act) {
+        QAction* a = menu.addAction(text, this, std::move(act));
+        a->setShortcut(keys);
+        return a;
+    };
+    bool any = !SelectedPages().empty();
+    action("&Open", Qt::Key_Return, [this] {
+        OpenPage();
+    })->setEnabled(SelectedPages().size() == 1);
+    action("&Copy...", {}, [this] { CopyPage(); })->setEnabled(any);
+    action("&Rename...", Qt::Key_F2, [this] {
+        RenamePage();
+    })->setEnabled(SelectedPages().size() == 1);
+    action("&Delete", QKeySequence::Delete, [this] { DeletePage(); })->setEnabled(any);
+    QMenu* move = menu.addMenu("&Move to");
+    move->setEnabled(any);
     for (const CatalogCategory& c : catalog_.Categories()) {
-        auto* item = new QListWidgetItem(FromPath(c.Name) + QString(" (%1)").arg(c.Pages.size()),
-                                         categories_);
-        item->setData(Qt::UserRole, FromPath(c.Name));
-        if (c.Name == select) categories_->setCurrentItem(item);
+        std::string name = c.Name;
+        move->addAction(FromPath(name), this, [this, name] { MovePage(name); });
     }
-    if (!categories_->currentItem()) categories_->setCurrentRow(0);
+    menu.addSeparator();
+    action("&New Page...", {}, [this] { NewPage(); });
+    menu.exec(pages_->viewport()->mapToGlobal(at));
 }
 
-const PageBrowser::PageInfo& PageBrowser::Info(const std::string& file) {
-    PageInfo& info = info_[file];
-    if (info.Read) return info;
-    info.Read = true;
-    // The first format alone, quietly, as the library reads its pages.
-    if (auto page = ReadPage(catalog_.PathOf(file), 1, false)) {
-        info.Title = page->Title();
-        info.Description = page->Description();
-    }
-    return info;
+void PageBrowser::ShowCategoryMenu(const QPoint& at) {
+    if (QListWidgetItem* item = categories_->itemAt(at)) categories_->setCurrentItem(item);
+    const std::string current = CurrentCategory();
+    bool own = !current.empty() && current != PageCatalog::kAddedRecently;
+    QMenu menu(this);
+    menu.setObjectName("mnuCategoryPopup");
+    menu.addAction("&New Category...", this, [this] { NewCategory(); });
+    menu.addAction("&Rename...", this, [this] { RenameCategory(); })->setEnabled(own);
+    menu.addAction("&Delete", this, [this] { DeleteCategory(); })->setEnabled(own);
+    menu.addAction("Move &Up", this, [this] { MoveCategory(-1); })->setEnabled(own);
+    menu.addAction("Move Do&wn", this, [this] { MoveCategory(1); })->setEnabled(own);
+    menu.exec(categories_->viewport()->mapToGlobal(at));
 }
 
-void PageBrowser::FillPages(const std::string& select) {
-    const CatalogCategory* category = catalog_.Find(CurrentCategory());
-    QSignalBlocker block(pages_);
-    pages_->clear();
-    itemsByPath_.clear();
-    QString filter = filter_->text().trimmed();
-    for (const std::string& file : category ? category->Pages : std::vector<std::string>{}) {
-        const PageInfo& info = Info(file);
-        QString name = FromPath(file.substr(0, file.size() - 4));
-        if (!filter.isEmpty() && !name.contains(filter, Qt::CaseInsensitive) &&
-            !FromAnsi(info.Title).contains(filter, Qt::CaseInsensitive) &&
-            !FromAnsi(info.Description).contains(filter, Qt::CaseInsensitive)) {
-            continue;
-        }
-        auto* item = new QListWidgetItem(name, pages_);
-        item->setData(Qt::UserRole, FromPath(file));
-        item->setToolTip(FromAnsi(info.Title));
-        std::string path = catalog_.PathOf(file);
-        auto found = thumbnails_.find(path);
-        // Until its thumbnail arrives a page shows a blank of the same size.
-        item->setIcon(found != thumbnails_.end() ? found->second : Blank());
-        if (file == select) pages_->setCurrentItem(item);
-        itemsByPath_[path] = item;
-    }
-    if (!pages_->currentItem() && pages_->count() > 0) pages_->setCurrentRow(0);
-    block.unblock();
-    ShowImages(showImages_->isChecked());
-    ShowDetails();
-}
-
-void PageBrowser::ShowImages(bool show) {
-    pages_->setViewMode(show ? QListView::IconMode : QListView::ListMode);
-    pages_->setIconSize(show ? QSize(kThumbWidth, kThumbHeight) : QSize());
-    pages_->setGridSize(show ? QSize(kThumbWidth + 24, kThumbHeight + 40) : QSize());
-    pages_->setWordWrap(show);
-    if (!show) {
-        queue_->Cancel();
-        progress_->clear();
+void PageBrowser::keyPressEvent(QKeyEvent* event) {
+    // Escape first clears the filter; only then does it close the window.
+    if (event->key() == Qt::Key_Escape && !filter_->text().isEmpty()) {
+        filter_->clear();
         return;
     }
-    std::vector<std::string> wanted;
-    for (int i = 0; i < pages_->count(); ++i) {
-        std::string path = PathOfItem(pages_->item(i));
-        if (!thumbnails_.count(path)) wanted.push_back(path);
-    }
-    queue_->Cancel();
-    queue_->Request(wanted);
-    RequestVisibleThumbnails();
+    QDialog::keyPressEvent(event);
 }
 
-std::string PageBrowser::PathOfItem(const QListWidgetItem* item) const {
-    return catalog_.PathOf(ToPath(item->data(Qt::UserRole).toString()));
-}
-
-std::vector<std::string> PageBrowser::VisiblePaths() const {
-    std::vector<std::string> visible;
-    QRect view = pages_->viewport()->rect();
-    for (int i = 0; i < pages_->count(); ++i) {
-        if (pages_->visualItemRect(pages_->item(i)).intersects(view)) {
-            visible.push_back(PathOfItem(pages_->item(i)));
-        }
+bool PageBrowser::DropPages(const QMimeData* data, const QPoint& at) {
+    QListWidgetItem* target = categories_->itemAt(at);
+    if (!data || !data->hasFormat(kPagesMimeType) || !target) return false;
+    std::string category = ToPath(target->data(Qt::UserRole).toString());
+    if (category.empty()) return false;  // All Pages is no category to file into
+    for (const QString& name : QString::fromUtf8(data->data(kPagesMimeType)).split('\n')) {
+        if (!name.isEmpty() && !Done(catalog_.MovePage(ToPath(name), category))) break;
     }
-    return visible;
-}
-
-bool PageBrowser::VisibleThumbnailsShown() const {
-    for (const std::string& path : VisiblePaths()) {
-        if (!thumbnails_.count(path)) return false;
-    }
+    FillCategories(CurrentCategory());
+    FillPages("");
     return true;
 }
 
-void PageBrowser::RequestVisibleThumbnails() {
-    queue_->Prioritize(VisiblePaths());
-    int left = queue_->Waiting();
-    progress_->setText(left > 0 ? QString("Making thumbnails: %1 left").arg(left) : QString());
-}
-
-void PageBrowser::ThumbnailReady(const QString& path, const QImage& image) {
-    QPixmap shown = QPixmap::fromImage(image.isNull() ? Placeholder() : image);
-    std::string native = ToPath(path);
-    thumbnails_[native] = shown;
-    auto item = itemsByPath_.find(native);
-    if (item != itemsByPath_.end()) item->second->setIcon(shown);
-    int left = queue_->Waiting();
-    progress_->setText(left > 0 ? QString("Making thumbnails: %1 left").arg(left) : QString());
-}
-
-void PageBrowser::ShowDetails() {
-    std::string file = CurrentPage();
-    if (file.empty()) {
-        details_->clear();
-        return;
-    }
-    const std::string path = catalog_.PathOf(file);
-    auto page = ReadPage(path, -1, false);
-    QString text;
-    if (!page) {
-        text = "<b>" + FromPath(file).toHtmlEscaped() + "</b><br>This page cannot be read.";
-    } else {
-        text = "<b>" + FromAnsi(page->Title()).toHtmlEscaped() + "</b><br>" +
-               FromAnsi(page->Description()).toHtmlEscaped() + "<br><br>Sizes:";
-        int objects = 0;
-        for (int16_t k = 1; k <= page->NumFormats(); ++k) {
-            if (auto format = page->GetFormat(k)) {
-                text += "<br>&nbsp;&nbsp;" + FromAnsi(FormatDisplayName(*format)).toHtmlEscaped();
-                objects = std::max<int>(objects, format->NumObjects());
-            }
-        }
-        text += QString("<br><br>Charts: %1<br>Objects: %2").arg(page->NumCharts()).arg(objects);
-    }
-    QFileInfo disk(FromPath(path));
-    text += "<br><br>" + disk.absoluteFilePath().toHtmlEscaped() + "<br>Modified " +
-            disk.lastModified().toString("yyyy-MM-dd HH:mm");
-    details_->setText(text);
-}
-
 bool PageBrowser::eventFilter(QObject* watched, QEvent* event) {
-    // A page dropped on a category is moved there.
-    if (watched == categories_->viewport() && event->type() == QEvent::Drop) {
-        auto* drop = static_cast<QDropEvent*>(event);
-        if (drop->source() == pages_) {
-            QListWidgetItem* target = categories_->itemAt(drop->position().toPoint());
-            if (target) MovePage(ToPath(target->data(Qt::UserRole).toString()));
-            drop->acceptProposedAction();
+    if (watched == categories_->viewport()) {
+        switch (event->type()) {
+            case QEvent::DragEnter:
+            case QEvent::DragMove: {
+                auto* drag = static_cast<QDragMoveEvent*>(event);
+                if (drag->mimeData()->hasFormat(kPagesMimeType)) drag->acceptProposedAction();
+                return true;
+            }
+            case QEvent::Drop: {
+                auto* drop = static_cast<QDropEvent*>(event);
+                if (DropPages(drop->mimeData(), drop->position().toPoint()))
+                    drop->acceptProposedAction();
+                return true;
+            }
+            default:
+                break;
+        }
+    }
+    if (watched == pages_ && event->type() == QEvent::KeyPress) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Delete)) {
+            DeletePage();
+            return true;
+        }
+        if (key->key() == Qt::Key_F2) {
+            RenamePage();
             return true;
         }
     }
-    if (watched == categories_->viewport() && event->type() == QEvent::DragEnter) {
-        static_cast<QDragEnterEvent*>(event)->acceptProposedAction();
-        return true;
-    }
-    if (watched == categories_->viewport() && event->type() == QEvent::DragMove) {
-        static_cast<QDragMoveEvent*>(event)->acceptProposedAction();
-        return true;
-    }
     if (watched == pages_ && event->type() == QEvent::Resize) {
+        empty_->setGeometry(pages_->viewport()->rect().adjusted(12, 12, -12, -12));
         QTimer::singleShot(0, this, [this] { RequestVisibleThumbnails(); });
     }
     return QDialog::eventFilter(watched, event);
@@ -409,6 +369,8 @@ void PageBrowser::SaveWindowSettings() {
     WriteIni(kSection, "WindowTop", number(y()));
     WriteIni(kSection, "WindowWidth", number(width()));
     WriteIni(kSection, "WindowHeight", number(height()));
+    WriteIni(kSection, "Splitter", number(splitter_->sizes().value(0)));
+    WriteIni(kSection, "Order", number(order_->currentIndex()));
     WriteIni(kSection, "Show_Images", showImages_->isChecked() ? "True" : "False");
 }
 

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The page library's window: categories on the left with their page counts, the chosen
-// category's pages as thumbnails (or a plain list) with a filter, the chosen page's details,
-// and the page and category commands of the catalogue. Modal; it returns the page to open.
+// The page library's window: categories on the left with their page counts (and All Pages,
+// which searches every category), the chosen category's pages as thumbnails (or a plain list)
+// with a filter and an order, the chosen page's details, and the page and category commands
+// of the catalogue, on buttons, context menus and keys. Modal; it returns the page to open.
+// Only the thumbnails near the view are kept in memory.
 
 #include <QDialog>
 #include <QPixmap>
@@ -14,12 +16,17 @@
 #include <vector>
 
 #include "library/PageCatalog.h"
+#include "library/PageListing.h"
 
 class QCheckBox;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
+class QMimeData;
+class QPushButton;
+class QSplitter;
 
 namespace paginox {
 
@@ -32,6 +39,8 @@ class PageBrowser : public QDialog {
   public:
     static constexpr int kThumbWidth = 160;
     static constexpr int kThumbHeight = 120;
+    // The drag of pages onto a category: their file names, one a line (UTF-8).
+    static constexpr const char* kPagesMimeType = "application/x-paginox-pages";
 
     // startPage (a native path), the page open in the editor, is selected when the
     // catalogue lists it; it cannot be deleted here, and a rename of it is told.
@@ -42,7 +51,6 @@ class PageBrowser : public QDialog {
     const std::string& ChosenPath() const { return chosen_; }
     // Told the new path when the page open in the editor is renamed here.
     std::function<void(const std::string& path)> OpenPageRenamed;
-
     // Asks for a name: the title, the prompt and the proposal; nothing on Cancel. The text
     // prompt by default; tests script it.
     std::function<std::optional<QString>(const QString&, const QString&, const QString&)> Ask;
@@ -50,12 +58,17 @@ class PageBrowser : public QDialog {
     PageCatalog& Catalog() { return catalog_; }
     QListWidget* Categories() const { return categories_; }
     QListWidget* Pages() const { return pages_; }
-    // How many pages have their thumbnail (or placeholder) shown, and whether every page on
-    // screen has.
+    QLineEdit* Filter() const { return filter_; }
+    QComboBox* Order() const { return order_; }
+    // How many pages have their thumbnail (or placeholder) in memory, and whether every page
+    // on screen has.
     int ThumbnailsShown() const { return static_cast<int>(thumbnails_.size()); }
     bool VisibleThumbnailsShown() const;
+    // The drag data of the selected pages.
+    QMimeData* SelectedPagesMime() const;
 
-    // The commands, also on the window's buttons and menus.
+    // The commands, also on the window's buttons, menus and keys. The page commands but
+    // Rename act on every selected page.
     void OpenPage();
     void NewPage();
     void CopyPage();
@@ -69,26 +82,36 @@ class PageBrowser : public QDialog {
 
   protected:
     void done(int result) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    struct PageInfo {
-        bool Read = false;
-        std::string Title, Description, Details;
-    };
     void BuildControls();
+    QWidget* BuildCategoryPane();
+    QWidget* BuildPagePane();
+    void ConnectControls();
     void RemoveOrphanThumbnails();
+    // The lists follow the catalogue: select names the entry chosen afterwards.
     void FillCategories(const std::string& select);
     void FillPages(const std::string& select);
+    void UpdateButtons();
     void ShowDetails();
     void ShowImages(bool show);
     void RequestVisibleThumbnails();
+    // Drops the thumbnails far from the view, so memory stays bounded however big the library.
+    void TrimThumbnails();
     std::vector<std::string> VisiblePaths() const;
     std::string PathOfItem(const QListWidgetItem* item) const;
     void ThumbnailReady(const QString& path, const QImage& image);
-    const PageInfo& Info(const std::string& file);
+    const PageFacts& Facts(const std::string& file);
+    bool DropPages(const QMimeData* data, const QPoint& at);
+    void ShowPageMenu(const QPoint& at);
+    void ShowCategoryMenu(const QPoint& at);
+
+    // The chosen category's name; empty for All Pages.
     std::string CurrentCategory() const;
     std::string CurrentPage() const;
+    std::vector<std::string> SelectedPages() const;
     // Shows a catalogue command's message when there is one; true when it succeeded.
     bool Done(const std::string& message);
     // Asks for a name until apply takes it (an empty message) or the user cancels.
@@ -100,18 +123,23 @@ class PageBrowser : public QDialog {
     PageCatalog catalog_;
     std::string openPage_;
     std::string chosen_;
-    std::map<std::string, PageInfo> info_;
+    std::map<std::string, PageFacts> facts_;
     // By native path; the pixmaps are shared with the items' icons, not copied.
     std::map<std::string, QPixmap> thumbnails_;
     std::map<std::string, QListWidgetItem*> itemsByPath_;  // the items listed now
     ThumbnailQueue* queue_ = nullptr;
     std::unique_ptr<ImageCache> cache_;
+
     QListWidget* categories_ = nullptr;
     QListWidget* pages_ = nullptr;
     QLineEdit* filter_ = nullptr;
+    QComboBox* order_ = nullptr;
     QCheckBox* showImages_ = nullptr;
     QLabel* details_ = nullptr;
     QLabel* progress_ = nullptr;
+    QLabel* empty_ = nullptr;
+    QSplitter* splitter_ = nullptr;
+    std::map<std::string, QPushButton*> buttons_;
 };
 
 }  // namespace paginox

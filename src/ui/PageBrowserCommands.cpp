@@ -31,9 +31,9 @@ bool PageBrowser::Done(const std::string& message) {
     return false;
 }
 
-std::optional<std::string> PageBrowser::AskName(const QString& title, const QString& prompt,
-                                                QString proposal,
-                                                const std::function<std::string(const std::string&)>& apply) {
+std::optional<std::string> PageBrowser::AskName(
+    const QString& title, const QString& prompt, QString proposal,
+    const std::function<std::string(const std::string&)>& apply) {
     // A refused name brings the prompt back with what was typed, to be mended.
     for (;;) {
         std::optional<QString> name = Ask(title, prompt, proposal);
@@ -69,16 +69,33 @@ void PageBrowser::NewPage() {
 }
 
 void PageBrowser::CopyPage() {
-    std::string file = CurrentPage();
-    if (file.empty()) return;
-    std::string stem = file.substr(0, file.size() - 4);
-    std::optional<std::string> name =
-        AskName("Copy Page", "Enter the name of the copy (with no path or extension)",
-                FromPath(stem + " copy"),
-                [&](const std::string& n) { return catalog_.CopyPage(file, n); });
-    if (!name) return;
+    std::vector<std::string> pages = SelectedPages();
+    if (pages.empty()) return;
+    std::string made;
+    if (pages.size() == 1) {
+        const std::string& file = pages.front();
+        std::optional<std::string> name =
+            AskName("Copy Page", "Enter the name of the copy (with no path or extension)",
+                    FromPath(file.substr(0, file.size() - 4) + " copy"),
+                    [&](const std::string& n) { return catalog_.CopyPage(file, n); });
+        if (!name) return;
+        made = *name + ".pag";
+    } else {
+        // Several at once: each copy is named after its page, "copy", and a number if taken.
+        for (const std::string& file : pages) {
+            const std::string stem = file.substr(0, file.size() - 4) + " copy";
+            std::string message;
+            for (int n = 1; n < 100; ++n) {
+                std::string name = n == 1 ? stem : stem + " " + std::to_string(n);
+                message = catalog_.CopyPage(file, name);
+                if (message.empty()) made = name + ".pag";
+                if (message.empty() || message.find("already a page") == std::string::npos) break;
+            }
+            if (!Done(message)) break;
+        }
+    }
     FillCategories(PageCatalog::kAddedRecently);
-    FillPages(*name + ".pag");
+    FillPages(made);
 }
 
 void PageBrowser::RenamePage() {
@@ -89,35 +106,42 @@ void PageBrowser::RenamePage() {
                 FromPath(file.substr(0, file.size() - 4)),
                 [&](const std::string& n) { return catalog_.RenamePage(file, n); });
     if (!name) return;
-    info_.erase(file);
+    facts_.erase(file);
     FillCategories(CurrentCategory());
     FillPages(*name + ".pag");
 }
 
 void PageBrowser::DeletePage() {
-    std::string file = CurrentPage();
-    if (file.empty()) return;
-    if (!openPage_.empty() && catalog_.PathOf(file) == openPage_) {
-        ShowMessage("The page " + Utf8ToCp1252(file) +
-                        " is open in the editor, so it cannot be deleted. Open another page "
-                        "first, then delete this one.",
-                    kTitle, MsgIcon::Exclamation);
-        return;
+    std::vector<std::string> pages = SelectedPages();
+    if (pages.empty()) return;
+    for (const std::string& file : pages) {
+        if (!openPage_.empty() && catalog_.PathOf(file) == openPage_) {
+            ShowMessage("The page " + Utf8ToCp1252(file) +
+                            " is open in the editor, so it cannot be deleted. Open another page "
+                            "first, then delete this one.",
+                        kTitle, MsgIcon::Exclamation);
+            return;
+        }
     }
-    if (Messages().Show("Delete the page " + Utf8ToCp1252(file) + "?" + kCrLf + kCrLf +
-                            "It goes to the desktop's trash where there is one.",
+    std::string what = pages.size() == 1 ? "the page " + Utf8ToCp1252(pages.front())
+                                         : "these " + std::to_string(pages.size()) + " pages";
+    if (Messages().Show("Delete " + what + "?" + kCrLf + kCrLf +
+                            "They go to the desktop's trash where there is one.",
                         "Delete Page", MsgButtons::OkCancel, MsgIcon::Question) != MsgAnswer::Ok) {
         return;
     }
-    if (!Done(catalog_.DeletePage(file))) return;
-    info_.erase(file);
+    for (const std::string& file : pages) {
+        if (!Done(catalog_.DeletePage(file))) return;
+        facts_.erase(file);
+    }
     FillCategories(CurrentCategory());
     FillPages("");
 }
 
 void PageBrowser::MovePage(const std::string& toCategory) {
-    std::string file = CurrentPage();
-    if (file.empty() || !Done(catalog_.MovePage(file, toCategory))) return;
+    for (const std::string& file : SelectedPages()) {
+        if (!Done(catalog_.MovePage(file, toCategory))) return;
+    }
     FillCategories(CurrentCategory());
     FillPages("");
 }
@@ -134,10 +158,9 @@ void PageBrowser::NewCategory() {
 void PageBrowser::RenameCategory() {
     std::string current = CurrentCategory();
     if (current.empty() || current == PageCatalog::kAddedRecently) return;
-    std::optional<std::string> name =
-        AskName("Rename Page Category", "Enter the new name of the Page Category",
-                FromPath(current),
-                [&](const std::string& n) { return catalog_.RenameCategory(current, n); });
+    std::optional<std::string> name = AskName(
+        "Rename Page Category", "Enter the new name of the Page Category", FromPath(current),
+        [&](const std::string& n) { return catalog_.RenameCategory(current, n); });
     if (name) FillCategories(*name);
 }
 
@@ -158,9 +181,9 @@ void PageBrowser::DeleteCategory() {
 void PageBrowser::MoveCategory(int by) {
     std::string current = CurrentCategory();
     int row = categories_->currentRow();
-    if (current.empty() || row < 1) return;
-    // Row 0 is Added Recently: the user's categories count from row 1.
-    if (!Done(catalog_.MoveCategory(current, std::max(0, row - 1 + by)))) return;
+    if (current.empty() || row < 2) return;
+    // Rows 0 and 1 are All Pages and Added Recently: the user's categories count from row 2.
+    if (!Done(catalog_.MoveCategory(current, std::max(0, row - 2 + by)))) return;
     FillCategories(current);
 }
 

@@ -2,8 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QDragEnterEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QMimeData>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QTableWidget>
 #include <deque>
@@ -133,7 +137,7 @@ struct BrowserTest : ::testing::Test {
 TEST_F(BrowserTest, ShowsThumbnailsOpensAndRenamesThroughThePrompt) {
     PageBrowser browser(pages + "Poster.pag");
     browser.show();
-    EXPECT_EQ(Names(browser.Categories()), QStringList{"Added Recently (3)"});
+    EXPECT_EQ(Names(browser.Categories()), (QStringList{"All Pages (3)", "Added Recently (3)"}));
     EXPECT_EQ(Names(browser.Pages()), (QStringList{"Birth Chart", "Broken", "Poster"}));
     EXPECT_EQ(browser.Pages()->currentItem()->text(), "Poster");
     // Every page gets its thumbnail, the unreadable one a placeholder, without a message.
@@ -151,6 +155,73 @@ TEST_F(BrowserTest, ShowsThumbnailsOpensAndRenamesThroughThePrompt) {
     browser.OpenPage();
     EXPECT_EQ(browser.ChosenPath(), pages + "Wall Poster.pag");
     EXPECT_EQ(browser.result(), QDialog::Accepted);
+}
+
+// The browser as people use others: pages dragged onto a category, several at once, sorted,
+// searched in every category with counts, keys, and buttons that say what can be done.
+TEST_F(BrowserTest, DragSelectSortSearchAndKeys) {
+    PageBrowser browser(pages + "Poster.pag");
+    browser.show();
+    browser.Ask = [](const QString&, const QString&, const QString&) {
+        return std::optional<QString>("Charts");
+    };
+    browser.NewCategory();
+    auto row = [&](const QString& name) {
+        return browser.Pages()->findItems(name, Qt::MatchExactly).value(0);
+    };
+    auto select = [&](std::initializer_list<const char*> names) {
+        browser.Pages()->clearSelection();
+        for (const char* n : names) row(n)->setSelected(true);
+        browser.Pages()->setCurrentItem(row(*names.begin()), QItemSelectionModel::NoUpdate);
+    };
+
+    // Dragged onto "Charts": the list drags the selected pages' names, the category takes them.
+    browser.Categories()->setCurrentRow(0);  // All Pages
+    select({"Birth Chart", "Broken"});
+    EXPECT_TRUE(browser.Pages()->dragEnabled());
+    std::unique_ptr<QMimeData> dragged(browser.SelectedPagesMime());
+    QRect target = browser.Categories()->visualItemRect(browser.Categories()->item(2));
+    QWidget* viewport = browser.Categories()->viewport();
+    QDragEnterEvent enter(target.center(), Qt::MoveAction, dragged.get(), Qt::LeftButton, {});
+    QApplication::sendEvent(viewport, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(target.center()), Qt::MoveAction, dragged.get(), Qt::LeftButton, {});
+    QApplication::sendEvent(viewport, &drop);
+    EXPECT_EQ(browser.Catalog().CategoryOf("Broken.pag"), "Charts");
+    EXPECT_EQ(Names(browser.Categories()),
+              (QStringList{"All Pages (3)", "Added Recently (1)", "Charts (2)"}));
+
+    // A filter searches every category and says how many match where.
+    browser.Filter()->setText("OSTE");
+    EXPECT_EQ(Names(browser.Categories()),
+              (QStringList{"All Pages (1 of 3)", "Added Recently (1 of 1)", "Charts (0 of 2)"}));
+    EXPECT_EQ(Names(browser.Pages()), (QStringList{"Poster"}));
+    QTest::keyClick(&browser, Qt::Key_Escape);  // clears the filter, keeps the window
+    EXPECT_TRUE(browser.Filter()->text().isEmpty());
+    EXPECT_TRUE(browser.isVisible());
+
+    browser.Order()->setCurrentIndex(int(PageOrder::Name));
+    EXPECT_EQ(Names(browser.Pages()), (QStringList{"Birth Chart", "Broken", "Poster"}));
+    select({"Birth Chart", "Poster"});
+    EXPECT_FALSE(browser.findChild<QPushButton*>("btnRename")->isEnabled());  // one at a time
+    EXPECT_TRUE(browser.findChild<QPushButton*>("btnDelete")->isEnabled());
+    browser.CopyPage();  // several: named for themselves
+    EXPECT_TRUE(std::filesystem::exists(pages + "Birth Chart copy.pag"));
+    EXPECT_TRUE(std::filesystem::exists(pages + "Poster copy.pag"));
+
+    // Delete and F2 on the list; an empty category says so.
+    browser.Categories()->setCurrentRow(1);  // Added Recently: the two copies and Poster
+    select({"Birth Chart copy", "Poster copy"});
+    messages.Script({MsgAnswer::Ok});
+    QTest::keyClick(browser.Pages(), Qt::Key_Delete);
+    EXPECT_FALSE(std::filesystem::exists(pages + "Poster copy.pag"));
+    EXPECT_EQ(messages.shown.back().text.rfind("Delete these 2 pages?", 0), 0u);
+    browser.Ask = [](const QString&, const QString&, const QString&) {
+        return std::optional<QString>("Empty");
+    };
+    browser.NewCategory();
+    EXPECT_NE(browser.findChild<QLabel*>("lblEmpty")->text().indexOf("no pages"), -1);
+    EXPECT_FALSE(browser.findChild<QPushButton*>("btnOpen")->isEnabled());
 }
 
 // The page open in the editor: a rename is told so the editor follows it, a delete refused.

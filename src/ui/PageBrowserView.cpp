@@ -1,0 +1,308 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/PageBrowser.h"
+
+// What the page browser shows: the categories with their counts, the listed pages with their
+// thumbnails (those near the view only), the chosen page's details, and which buttons act.
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMimeData>
+#include <QPainter>
+#include <QPushButton>
+
+#include "editor/PageSizes.h"
+#include "editor/QtText.h"
+#include "library/ImageCache.h"
+#include "library/ThumbnailQueue.h"
+#include "model/PageClass.h"
+#include "model/PageFormat.h"
+#include "persist/FileIO_Page.h"
+
+namespace paginox {
+
+namespace {
+
+constexpr const char* kAllPages = "All Pages";
+// Thumbnails kept beyond the view, in screens of it each way.
+constexpr int kScreensKept = 2;
+
+// What a page that cannot be read shows instead of its thumbnail: a warning mark.
+QImage Placeholder() {
+    QImage image(PageBrowser::kThumbWidth, PageBrowser::kThumbHeight, QImage::Format_RGB32);
+    image.fill(QColor(236, 236, 236));
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setBrush(QColor(250, 200, 40));
+    p.setPen(QPen(QColor(120, 90, 0), 2));
+    const QPointF tri[3] = {{80, 30}, {50, 90}, {110, 90}};
+    p.drawPolygon(tri, 3);
+    p.setPen(QPen(Qt::black, 4));
+    p.drawLine(80, 50, 80, 72);
+    p.drawPoint(80, 82);
+    return image;
+}
+
+const QPixmap& Blank() {
+    static const QPixmap blank = [] {
+        QPixmap pixmap(PageBrowser::kThumbWidth, PageBrowser::kThumbHeight);
+        pixmap.fill(QColor(246, 246, 246));
+        return pixmap;
+    }();
+    return blank;
+}
+
+}  // namespace
+
+std::string PageBrowser::CurrentCategory() const {
+    QListWidgetItem* item = categories_->currentItem();
+    return item ? ToPath(item->data(Qt::UserRole).toString()) : std::string();
+}
+
+std::string PageBrowser::CurrentPage() const {
+    QListWidgetItem* item = pages_->currentItem();
+    return item && item->isSelected() ? ToPath(item->data(Qt::UserRole).toString()) : std::string();
+}
+
+std::vector<std::string> PageBrowser::SelectedPages() const {
+    std::vector<std::string> pages;
+    for (int i = 0; i < pages_->count(); ++i) {
+        if (pages_->item(i)->isSelected())
+            pages.push_back(ToPath(pages_->item(i)->data(Qt::UserRole).toString()));
+    }
+    return pages;
+}
+
+QMimeData* PageBrowser::SelectedPagesMime() const {
+    QStringList names;
+    for (const std::string& page : SelectedPages()) names << FromPath(page);
+    auto* data = new QMimeData;
+    data->setData(kPagesMimeType, names.join('\n').toUtf8());
+    return data;
+}
+
+const PageFacts& PageBrowser::Facts(const std::string& file) {
+    auto found = facts_.find(file);
+    if (found == facts_.end())
+        found = facts_.emplace(file, ReadPageFacts(catalog_.PathOf(file))).first;
+    return found->second;
+}
+
+void PageBrowser::FillCategories(const std::string& select) {
+    QSignalBlocker block(categories_);
+    categories_->clear();
+    const QString filter = filter_->text().trimmed();
+    FactsOf facts = [this](const std::string& f) -> const PageFacts& { return Facts(f); };
+    // With a filter, each category says how many of its pages match.
+    auto label = [&](const QString& name, int matching, size_t all) {
+        return filter.isEmpty() ? QString("%1 (%2)").arg(name).arg(all)
+                                : QString("%1 (%2 of %3)").arg(name).arg(matching).arg(all);
+    };
+    size_t total = 0;
+    int totalMatching = 0;
+    for (const CatalogCategory& c : catalog_.Categories()) {
+        total += c.Pages.size();
+        totalMatching += CountMatches(c, filter, facts);
+    }
+    auto* all = new QListWidgetItem(label(kAllPages, totalMatching, total), categories_);
+    all->setData(Qt::UserRole, QString());
+    all->setToolTip("Every page of every category: search them all with the filter");
+    for (const CatalogCategory& c : catalog_.Categories()) {
+        auto* item = new QListWidgetItem(
+            label(FromPath(c.Name), CountMatches(c, filter, facts), c.Pages.size()), categories_);
+        item->setData(Qt::UserRole, FromPath(c.Name));
+        if (c.Name == select) categories_->setCurrentItem(item);
+    }
+    if (!categories_->currentItem()) categories_->setCurrentRow(select.empty() ? 0 : 1);
+}
+
+void PageBrowser::FillPages(const std::string& select) {
+    const QString filter = filter_->text().trimmed();
+    const auto order = static_cast<PageOrder>(std::max(0, order_->currentIndex()));
+    FactsOf facts = [this](const std::string& f) -> const PageFacts& { return Facts(f); };
+    const std::vector<std::string> files =
+        ListPages(catalog_, CurrentCategory(), filter, order, facts);
+    QSignalBlocker block(pages_);
+    pages_->setUpdatesEnabled(false);
+    pages_->clear();
+    itemsByPath_.clear();
+    for (const std::string& file : files) {
+        auto* item = new QListWidgetItem(FromPath(file.substr(0, file.size() - 4)), pages_);
+        item->setData(Qt::UserRole, FromPath(file));
+        item->setToolTip(FromPath(file));
+        std::string path = catalog_.PathOf(file);
+        auto found = thumbnails_.find(path);
+        // Until its thumbnail arrives a page shows a blank of the same size.
+        item->setIcon(found != thumbnails_.end() ? found->second : Blank());
+        if (file == select) pages_->setCurrentItem(item);
+        itemsByPath_[path] = item;
+    }
+    if (!pages_->currentItem() && pages_->count() > 0) pages_->setCurrentRow(0);
+    pages_->setUpdatesEnabled(true);
+    block.unblock();
+    // An empty list says why.
+    empty_->setText(pages_->count() > 0 ? QString()
+                    : filter.isEmpty()  ? "This category has no pages yet. Drag pages here, or "
+                                          "use Move to."
+                                        : "No page matches \"" + filter + "\".");
+    ShowImages(showImages_->isChecked());
+    ShowDetails();
+    UpdateButtons();
+}
+
+void PageBrowser::UpdateButtons() {
+    const size_t selected = SelectedPages().size();
+    const std::string category = CurrentCategory();
+    const bool own = !category.empty() && category != PageCatalog::kAddedRecently;
+    const int row = categories_->currentRow();
+    const std::pair<const char*, bool> states[] = {
+        {"btnOpen", selected == 1},
+        {"btnCopy", selected >= 1},
+        {"btnRename", selected == 1},
+        {"btnDelete", selected >= 1},
+        {"btnMoveTo", selected >= 1},
+        {"btnRenameCategory", own},
+        {"btnDeleteCategory", own},
+        {"btnCategoryUp", own && row > 2},
+        {"btnCategoryDown", own && row + 1 < categories_->count()},
+    };
+    for (auto [name, enabled] : states) buttons_.at(name)->setEnabled(enabled);
+}
+
+void PageBrowser::ShowImages(bool show) {
+    pages_->setViewMode(show ? QListView::IconMode : QListView::ListMode);
+    // The view mode sets the movement, which switches dragging off: pages are dragged onto a
+    // category, never rearranged in place.
+    pages_->setMovement(QListView::Static);
+    pages_->setDragEnabled(true);
+    pages_->setDragDropMode(QAbstractItemView::DragOnly);
+    pages_->setIconSize(show ? QSize(kThumbWidth, kThumbHeight) : QSize());
+    pages_->setGridSize(show ? QSize(kThumbWidth + 24, kThumbHeight + 40) : QSize());
+    pages_->setWordWrap(show);
+    queue_->Cancel();
+    if (!show) {
+        progress_->clear();
+        return;
+    }
+    RequestVisibleThumbnails();
+}
+
+std::string PageBrowser::PathOfItem(const QListWidgetItem* item) const {
+    return catalog_.PathOf(ToPath(item->data(Qt::UserRole).toString()));
+}
+
+std::vector<std::string> PageBrowser::VisiblePaths() const {
+    std::vector<std::string> visible;
+    QRect view = pages_->viewport()->rect();
+    for (int i = 0; i < pages_->count(); ++i) {
+        if (pages_->visualItemRect(pages_->item(i)).intersects(view)) {
+            visible.push_back(PathOfItem(pages_->item(i)));
+        }
+    }
+    return visible;
+}
+
+bool PageBrowser::VisibleThumbnailsShown() const {
+    for (const std::string& path : VisiblePaths()) {
+        if (!thumbnails_.count(path)) return false;
+    }
+    return true;
+}
+
+void PageBrowser::RequestVisibleThumbnails() {
+    if (!showImages_->isChecked()) return;
+    // The pages in view first, then those just beyond it; the rest wait until scrolled to.
+    QRect view = pages_->viewport()->rect();
+    QRect near = view.adjusted(0, -kScreensKept * view.height(), 0, kScreensKept * view.height());
+    std::vector<std::string> visible, wanted;
+    for (int i = 0; i < pages_->count(); ++i) {
+        QRect at = pages_->visualItemRect(pages_->item(i));
+        if (!at.intersects(near)) continue;
+        std::string path = PathOfItem(pages_->item(i));
+        if (thumbnails_.count(path)) continue;
+        (at.intersects(view) ? visible : wanted).push_back(path);
+    }
+    wanted.insert(wanted.begin(), visible.begin(), visible.end());
+    queue_->Request(wanted);
+    queue_->Prioritize(visible);
+    TrimThumbnails();
+    int left = queue_->Waiting();
+    progress_->setText(left > 0 ? QString("Making thumbnails: %1 left").arg(left) : QString());
+}
+
+void PageBrowser::TrimThumbnails() {
+    QRect view = pages_->viewport()->rect();
+    QRect near = view.adjusted(0, -kScreensKept * view.height(), 0, kScreensKept * view.height());
+    for (auto it = thumbnails_.begin(); it != thumbnails_.end();) {
+        auto item = itemsByPath_.find(it->first);
+        bool keep =
+            item != itemsByPath_.end() && pages_->visualItemRect(item->second).intersects(near);
+        if (keep) {
+            ++it;
+            continue;
+        }
+        if (item != itemsByPath_.end()) item->second->setIcon(Blank());
+        it = thumbnails_.erase(it);
+    }
+}
+
+void PageBrowser::ThumbnailReady(const QString& path, const QImage& image) {
+    std::string native = ToPath(path);
+    auto item = itemsByPath_.find(native);
+    // A page scrolled far away meanwhile is not kept: it is made again from the cache if needed.
+    QRect view = pages_->viewport()->rect();
+    QRect near = view.adjusted(0, -kScreensKept * view.height(), 0, kScreensKept * view.height());
+    if (item != itemsByPath_.end() && pages_->visualItemRect(item->second).intersects(near)) {
+        QPixmap shown = QPixmap::fromImage(image.isNull() ? Placeholder() : image);
+        thumbnails_[native] = shown;
+        item->second->setIcon(shown);
+    }
+    int left = queue_->Waiting();
+    progress_->setText(left > 0 ? QString("Making thumbnails: %1 left").arg(left) : QString());
+}
+
+void PageBrowser::RemoveOrphanThumbnails() {
+    // Thumbnails of pages deleted or renamed elsewhere would only fill the disk.
+    std::vector<std::string> paths;
+    for (const CatalogCategory& c : catalog_.Categories()) {
+        for (const std::string& page : c.Pages) paths.push_back(catalog_.PathOf(page));
+    }
+    cache_->RemoveOrphans(paths, kThumbWidth, kThumbHeight);
+}
+
+void PageBrowser::ShowDetails() {
+    std::string file = CurrentPage();
+    if (file.empty()) {
+        details_->clear();
+        return;
+    }
+    const std::string path = catalog_.PathOf(file);
+    auto page = ReadPage(path, -1, false);
+    // Long names break anywhere rather than widen the pane.
+    auto breakable = [](QString text) { return text.toHtmlEscaped().replace("/", "/&#8203;"); };
+    QString text;
+    if (!page) {
+        text = "<b>" + breakable(FromPath(file)) + "</b><br>This page cannot be read.";
+    } else {
+        text = "<b>" + FromAnsi(page->Title()).toHtmlEscaped() + "</b><br>" +
+               FromAnsi(page->Description()).toHtmlEscaped() + "<br><br>Sizes:";
+        int objects = 0;
+        for (int16_t k = 1; k <= page->NumFormats(); ++k) {
+            if (auto format = page->GetFormat(k)) {
+                text += "<br>&nbsp;&nbsp;" + FromAnsi(FormatDisplayName(*format)).toHtmlEscaped();
+                objects = std::max<int>(objects, format->NumObjects());
+            }
+        }
+        text += QString("<br><br>Charts: %1<br>Objects: %2").arg(page->NumCharts()).arg(objects);
+    }
+    QFileInfo disk(FromPath(path));
+    text += "<br><br>" + breakable(disk.absoluteFilePath()) + "<br>Modified " +
+            disk.lastModified().toString("yyyy-MM-dd HH:mm");
+    details_->setText(text);
+}
+
+}  // namespace paginox
