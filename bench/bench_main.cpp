@@ -118,6 +118,11 @@ int main(int argc, char** argv) {
     } gauges[] = {
         {"longest event-loop gap meanwhile", "longest_gap_ms", "ms", 50},
         {"memory while browsing them", "memory_MB", "MB", 150},
+        {"10,000 pages: first screen, warm", "big_first_screen_ms", "ms", 300},
+        {"10,000 pages: a filter keystroke (worst)", "big_filter_worst_ms", "ms", 30},
+        {"10,000 pages: all thumbnails, cold", "big_cold_s", "s", 30},
+        {"10,000 pages: longest event-loop gap", "big_gap_ms", "ms", 50},
+        {"10,000 pages: memory while browsing", "big_memory_MB", "MB", 200},
     };
     for (const auto& g : gauges) {
         if (!reporter.counters.count(g.counter)) continue;

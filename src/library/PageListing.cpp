@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QFileInfo>
 #include <algorithm>
+#include <filesystem>
 
 #include "core/AnsiText.h"
 #include "model/PageClass.h"
@@ -17,12 +18,20 @@ QString FromCp1252(const std::string& text) {
 }
 }  // namespace
 
-PageFacts ReadPageFacts(const std::string& path) {
+PageFacts NameOnlyFacts(const std::string& file) {
     PageFacts facts;
+    facts.Searched = QString::fromStdString(file.substr(0, file.size() - 4)).toCaseFolded();
+    return facts;
+}
+
+PageFacts ReadPageFacts(const std::string& path) {
+    PageFacts facts = NameOnlyFacts(std::filesystem::path(path).filename().string());
+    facts.Read = true;
     // The first format alone, quietly, as the library reads its pages.
     if (auto page = ReadPage(path, 1, false)) {
-        facts.Title = page->Title();
-        facts.Description = page->Description();
+        facts.Searched +=
+            ('\n' + FromCp1252(page->Title()) + '\n' + FromCp1252(page->Description()))
+                .toCaseFolded();
     }
     QFileInfo info(QString::fromStdString(path));
     facts.Modified = info.lastModified().toSecsSinceEpoch();
@@ -34,10 +43,9 @@ PageFacts ReadPageFacts(const std::string& path) {
 
 bool PageMatches(const std::string& file, const PageFacts& facts, const QString& filter) {
     if (filter.isEmpty()) return true;
-    QString name = QString::fromStdString(file.substr(0, file.size() - 4));
-    return name.contains(filter, Qt::CaseInsensitive) ||
-           FromCp1252(facts.Title).contains(filter, Qt::CaseInsensitive) ||
-           FromCp1252(facts.Description).contains(filter, Qt::CaseInsensitive);
+    const QString folded = filter.toCaseFolded();
+    if (!facts.Searched.isEmpty()) return facts.Searched.contains(folded);
+    return NameOnlyFacts(file).Searched.contains(folded);
 }
 
 std::vector<std::string> ListPages(const PageCatalog& catalog, const std::string& category,

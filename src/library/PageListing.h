@@ -17,20 +17,23 @@ namespace paginox {
 
 // What is known of a page file beyond its name, read once.
 struct PageFacts {
-    std::string Title;        // Windows-1252, as the page keeps it
-    std::string Description;  // the same
-    int64_t Modified = 0;     // seconds since 1970
-    int64_t Added = 0;        // when the file came to be (its birth, else its last change)
+    bool Read = false;     // false: not read yet, only the name is known
+    QString Searched;      // the name, title and description, case folded, for the filter
+    int64_t Modified = 0;  // seconds since 1970
+    int64_t Added = 0;     // when the file came to be (its birth, else its last change)
 };
+// The facts of a file as far as they are known (never blocking on a read).
 using FactsOf = std::function<const PageFacts&(const std::string& file)>;
 
 enum class PageOrder { Filed, Name, Modified, Added };
 
-// The facts of a page file at path (read quietly; empty texts when it cannot be read).
+// The facts of a page file at path (read quietly; its name alone when it cannot be read).
 PageFacts ReadPageFacts(const std::string& path);
+// What is known of page file before it is read: its name.
+PageFacts NameOnlyFacts(const std::string& file);
 
-// Whether page file (UTF-8) with those facts holds filter (no letter case); an empty filter
-// holds everything.
+// Whether page file (UTF-8) with those facts holds filter (no letter case): its name, or its
+// title or description once read; an empty filter holds everything.
 bool PageMatches(const std::string& file, const PageFacts& facts, const QString& filter);
 
 // The pages of category, or of every category when category is empty (each page once), that

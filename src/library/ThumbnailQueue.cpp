@@ -25,9 +25,7 @@ void ThumbnailQueue::Request(const std::vector<std::string>& paths) {
     {
         std::lock_guard<std::mutex> lock(mutex_);
         for (const std::string& p : paths) {
-            if (std::find(waiting_.begin(), waiting_.end(), p) == waiting_.end()) {
-                waiting_.push_back(p);
-            }
+            if (queued_.insert(p).second) waiting_.push_back(p);
         }
     }
     wake_.notify_all();
@@ -35,17 +33,23 @@ void ThumbnailQueue::Request(const std::vector<std::string>& paths) {
 
 void ThumbnailQueue::Prioritize(const std::vector<std::string>& paths) {
     std::lock_guard<std::mutex> lock(mutex_);
-    for (auto it = paths.rbegin(); it != paths.rend(); ++it) {
-        auto found = std::find(waiting_.begin(), waiting_.end(), *it);
-        if (found == waiting_.end()) continue;
-        waiting_.erase(found);
-        waiting_.push_front(*it);
+    // Those asked for first go to the front, in their order; the rest keep theirs.
+    std::deque<std::string> first;
+    std::unordered_set<std::string> moved;
+    for (const std::string& p : paths) {
+        if (queued_.count(p) && moved.insert(p).second) first.push_back(p);
     }
+    if (first.empty()) return;
+    for (std::string& p : waiting_) {
+        if (!moved.count(p)) first.push_back(std::move(p));
+    }
+    waiting_ = std::move(first);
 }
 
 void ThumbnailQueue::Cancel() {
     std::lock_guard<std::mutex> lock(mutex_);
     waiting_.clear();
+    queued_.clear();
 }
 
 int ThumbnailQueue::Waiting() const {
@@ -73,6 +77,7 @@ void ThumbnailQueue::Work() {
             if (stopping_) return;
             path = waiting_.front();
             waiting_.pop_front();
+            queued_.erase(path);
         }
         QImage image = Thumbnail(path);
         // Handed over on the window's thread, where the signal's receivers live.

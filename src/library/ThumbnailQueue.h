@@ -14,6 +14,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <unordered_set>
 
 #include "library/ImageCache.h"
 
@@ -48,6 +49,7 @@ class ThumbnailQueue : public QObject {
     mutable std::mutex mutex_;
     std::condition_variable wake_;
     std::deque<std::string> waiting_;
+    std::unordered_set<std::string> queued_;  // the same paths, to find them at once
     bool stopping_ = false;
     std::thread worker_;
 };

@@ -80,6 +80,9 @@ PageBrowser::PageBrowser(const std::string& startPage, QWidget* parent)
         QString value = proposal;
         return input.Run(prompt, value) ? std::optional<QString>(value) : std::nullopt;
     };
+    factsTimer_ = new QTimer(this);
+    factsTimer_->setInterval(0);
+    connect(factsTimer_, &QTimer::timeout, this, [this] { ReadSomeFacts(); });
     queue_ = new ThumbnailQueue(kThumbWidth, kThumbHeight, this);
     connect(queue_, &ThumbnailQueue::ready, this, &PageBrowser::ThumbnailReady);
     BuildControls();
@@ -96,6 +99,7 @@ PageBrowser::PageBrowser(const std::string& startPage, QWidget* parent)
     std::string start = std::filesystem::path(startPage).filename().string();
     FillCategories(catalog_.CategoryOf(start));
     FillPages(start);
+    ReadFactsLater();
 }
 
 PageBrowser::~PageBrowser() = default;
@@ -237,7 +241,7 @@ void PageBrowser::ConnectControls() {
     connect(filter_, &QLineEdit::textChanged, this, [this] {
         std::string page = CurrentPage();
         FillCategories(CurrentCategory());
-        FillPages(page);
+        ApplyFilter(page);
     });
     connect(order_, &QComboBox::currentIndexChanged, this, [this] { FillPages(CurrentPage()); });
     connect(showImages_, &QCheckBox::toggled, this, [this](bool on) { ShowImages(on); });

@@ -27,6 +27,7 @@ class QListWidgetItem;
 class QMimeData;
 class QPushButton;
 class QSplitter;
+class QTimer;
 
 namespace paginox {
 
@@ -63,6 +64,8 @@ class PageBrowser : public QDialog {
     // How many pages have their thumbnail (or placeholder) in memory, and whether every page
     // on screen has.
     int ThumbnailsShown() const { return static_cast<int>(thumbnails_.size()); }
+    // How many thumbnails have come back from the worker since the window opened.
+    int ThumbnailsMade() const { return thumbnailsMade_; }
     bool VisibleThumbnailsShown() const;
     // The drag data of the selected pages.
     QMimeData* SelectedPagesMime() const;
@@ -94,6 +97,10 @@ class PageBrowser : public QDialog {
     // The lists follow the catalogue: select names the entry chosen afterwards.
     void FillCategories(const std::string& select);
     void FillPages(const std::string& select);
+    // Hides the listed pages the filter leaves out; select is chosen when shown.
+    void ApplyFilter(const std::string& select);
+    // The shown items within screens of the view's height above and below it (0: in view).
+    std::vector<QListWidgetItem*> ItemsWithin(int screens) const;
     void UpdateButtons();
     void ShowDetails();
     void ShowImages(bool show);
@@ -103,7 +110,11 @@ class PageBrowser : public QDialog {
     std::vector<std::string> VisiblePaths() const;
     std::string PathOfItem(const QListWidgetItem* item) const;
     void ThumbnailReady(const QString& path, const QImage& image);
+    // A page's facts as far as read; they are read a little at a time after the window opens
+    // (and after each command), and the lists follow when the last are in.
     const PageFacts& Facts(const std::string& file);
+    void ReadFactsLater();
+    void ReadSomeFacts();
     bool DropPages(const QMimeData* data, const QPoint& at);
     void ShowPageMenu(const QPoint& at);
     void ShowCategoryMenu(const QPoint& at);
@@ -124,9 +135,12 @@ class PageBrowser : public QDialog {
     std::string openPage_;
     std::string chosen_;
     std::map<std::string, PageFacts> facts_;
+    std::vector<std::string> unread_;  // pages whose facts are still to be read, last first
+    QTimer* factsTimer_ = nullptr;
     // By native path; the pixmaps are shared with the items' icons, not copied.
     std::map<std::string, QPixmap> thumbnails_;
     std::map<std::string, QListWidgetItem*> itemsByPath_;  // the items listed now
+    std::vector<std::string> listed_;                      // their files, row by row
     ThumbnailQueue* queue_ = nullptr;
     std::unique_ptr<ImageCache> cache_;
 
@@ -140,6 +154,7 @@ class PageBrowser : public QDialog {
     QLabel* empty_ = nullptr;
     QSplitter* splitter_ = nullptr;
     std::map<std::string, QPushButton*> buttons_;
+    int thumbnailsMade_ = 0;
 };
 
 }  // namespace paginox

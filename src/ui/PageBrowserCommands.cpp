@@ -22,6 +22,7 @@ constexpr const char* kTitle = "Page Browser";
 }  // namespace
 
 bool PageBrowser::Done(const std::string& message) {
+    ReadFactsLater();  // pages the command (or another program) added
     if (message.empty()) return true;
     ShowMessage(message, kTitle, MsgIcon::Exclamation);
     // The catalogue may have taken in another program's changes: the lists follow it.

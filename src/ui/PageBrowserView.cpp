@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,6 +15,9 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QPushButton>
+#include <QTimer>
+#include <algorithm>
+#include <set>
 
 #include "editor/PageSizes.h"
 #include "editor/QtText.h"
@@ -28,8 +32,12 @@ namespace paginox {
 namespace {
 
 constexpr const char* kAllPages = "All Pages";
+// How long one turn of reading the pages' titles may keep the window from answering.
+constexpr qint64 kFactsSliceMs = 4;
 // Thumbnails kept beyond the view, in screens of it each way.
 constexpr int kScreensKept = 2;
+// Below this many, no thumbnail is let go: a small library keeps them all.
+constexpr size_t kThumbnailsKeptAnyway = 200;
 
 // What a page that cannot be read shows instead of its thumbnail: a warning mark.
 QImage Placeholder() {
@@ -86,10 +94,46 @@ QMimeData* PageBrowser::SelectedPagesMime() const {
 }
 
 const PageFacts& PageBrowser::Facts(const std::string& file) {
+    static const PageFacts unread;
     auto found = facts_.find(file);
-    if (found == facts_.end())
-        found = facts_.emplace(file, ReadPageFacts(catalog_.PathOf(file))).first;
-    return found->second;
+    return found != facts_.end() ? found->second : unread;
+}
+
+void PageBrowser::ReadSomeFacts() {
+    // A few milliseconds at a time, so the window answers while a large library is read.
+    QElapsedTimer clock;
+    clock.start();
+    while (!unread_.empty() && clock.elapsed() < kFactsSliceMs) {
+        std::string file = std::move(unread_.back());
+        unread_.pop_back();
+        auto found = facts_.find(file);
+        if (found == facts_.end() || !found->second.Read)
+            facts_[file] = ReadPageFacts(catalog_.PathOf(file));
+    }
+    if (!unread_.empty()) return;
+    factsTimer_->stop();
+    // What the filter and the order see is complete now.
+    if (!filter_->text().trimmed().isEmpty() ||
+        order_->currentIndex() >= int(PageOrder::Modified)) {
+        std::string page = CurrentPage();
+        FillCategories(CurrentCategory());
+        FillPages(page);
+    }
+}
+
+void PageBrowser::ReadFactsLater() {
+    unread_.clear();
+    for (const CatalogCategory& c : catalog_.Categories()) {
+        for (const std::string& page : c.Pages) {
+            auto found = facts_.find(page);
+            if (found != facts_.end() && found->second.Read) continue;
+            // Its name is searched at once; the rest once read.
+            if (found == facts_.end()) facts_.emplace(page, NameOnlyFacts(page));
+            unread_.push_back(page);
+        }
+    }
+    std::reverse(unread_.begin(), unread_.end());  // read from the back: first pages first
+    if (!unread_.empty()) factsTimer_->start();
 }
 
 void PageBrowser::FillCategories(const std::string& select) {
@@ -104,16 +148,19 @@ void PageBrowser::FillCategories(const std::string& select) {
     };
     size_t total = 0;
     int totalMatching = 0;
+    std::vector<int> matching;
     for (const CatalogCategory& c : catalog_.Categories()) {
         total += c.Pages.size();
-        totalMatching += CountMatches(c, filter, facts);
+        matching.push_back(CountMatches(c, filter, facts));
+        totalMatching += matching.back();
     }
     auto* all = new QListWidgetItem(label(kAllPages, totalMatching, total), categories_);
     all->setData(Qt::UserRole, QString());
     all->setToolTip("Every page of every category: search them all with the filter");
+    size_t k = 0;
     for (const CatalogCategory& c : catalog_.Categories()) {
-        auto* item = new QListWidgetItem(
-            label(FromPath(c.Name), CountMatches(c, filter, facts), c.Pages.size()), categories_);
+        auto* item = new QListWidgetItem(label(FromPath(c.Name), matching[k++], c.Pages.size()),
+                                         categories_);
         item->setData(Qt::UserRole, FromPath(c.Name));
         if (c.Name == select) categories_->setCurrentItem(item);
     }
@@ -121,16 +168,15 @@ void PageBrowser::FillCategories(const std::string& select) {
 }
 
 void PageBrowser::FillPages(const std::string& select) {
-    const QString filter = filter_->text().trimmed();
     const auto order = static_cast<PageOrder>(std::max(0, order_->currentIndex()));
     FactsOf facts = [this](const std::string& f) -> const PageFacts& { return Facts(f); };
-    const std::vector<std::string> files =
-        ListPages(catalog_, CurrentCategory(), filter, order, facts);
+    // Every page of the category; the filter only hides items, so a keystroke makes none.
+    listed_ = ListPages(catalog_, CurrentCategory(), QString(), order, facts);
     QSignalBlocker block(pages_);
     pages_->setUpdatesEnabled(false);
     pages_->clear();
     itemsByPath_.clear();
-    for (const std::string& file : files) {
+    for (const std::string& file : listed_) {
         auto* item = new QListWidgetItem(FromPath(file.substr(0, file.size() - 4)), pages_);
         item->setData(Qt::UserRole, FromPath(file));
         item->setToolTip(FromPath(file));
@@ -138,18 +184,41 @@ void PageBrowser::FillPages(const std::string& select) {
         auto found = thumbnails_.find(path);
         // Until its thumbnail arrives a page shows a blank of the same size.
         item->setIcon(found != thumbnails_.end() ? found->second : Blank());
-        if (file == select) pages_->setCurrentItem(item);
         itemsByPath_[path] = item;
     }
-    if (!pages_->currentItem() && pages_->count() > 0) pages_->setCurrentRow(0);
+    pages_->setUpdatesEnabled(true);
+    block.unblock();
+    ShowImages(showImages_->isChecked());
+    ApplyFilter(select);
+}
+
+void PageBrowser::ApplyFilter(const std::string& select) {
+    const QString filter = filter_->text().trimmed();
+    QSignalBlocker block(pages_);
+    pages_->setUpdatesEnabled(false);
+    int shown = 0;
+    QListWidgetItem* chosen = nullptr;
+    for (int i = 0; i < pages_->count(); ++i) {
+        QListWidgetItem* item = pages_->item(i);
+        const std::string& file = listed_[size_t(i)];
+        bool match = PageMatches(file, Facts(file), filter);
+        if (item->isHidden() == match) item->setHidden(!match);
+        if (!match) {
+            item->setSelected(false);
+            continue;
+        }
+        ++shown;
+        if (!chosen || file == select) chosen = item;
+    }
+    pages_->setCurrentItem(chosen);
     pages_->setUpdatesEnabled(true);
     block.unblock();
     // An empty list says why.
-    empty_->setText(pages_->count() > 0 ? QString()
-                    : filter.isEmpty()  ? "This category has no pages yet. Drag pages here, or "
-                                          "use Move to."
-                                        : "No page matches \"" + filter + "\".");
-    ShowImages(showImages_->isChecked());
+    empty_->setText(shown > 0          ? QString()
+                    : filter.isEmpty() ? "This category has no pages yet. Drag pages here, or "
+                                         "use Move to."
+                                       : "No page matches \"" + filter + "\".");
+    RequestVisibleThumbnails();
     ShowDetails();
     UpdateButtons();
 }
@@ -188,6 +257,14 @@ void PageBrowser::ShowImages(bool show) {
         progress_->clear();
         return;
     }
+    // Every page's thumbnail is made (or found) in the background, those in view first; only
+    // those near the view stay in memory.
+    std::vector<std::string> wanted;
+    for (int i = 0; i < pages_->count(); ++i) {
+        std::string path = PathOfItem(pages_->item(i));
+        if (!thumbnails_.count(path)) wanted.push_back(path);
+    }
+    queue_->Request(wanted);
     RequestVisibleThumbnails();
 }
 
@@ -195,14 +272,33 @@ std::string PageBrowser::PathOfItem(const QListWidgetItem* item) const {
     return catalog_.PathOf(ToPath(item->data(Qt::UserRole).toString()));
 }
 
+std::vector<QListWidgetItem*> PageBrowser::ItemsWithin(int screens) const {
+    // From the first item in view, outwards: only the rows near the view are looked at.
+    QRect view = pages_->viewport()->rect();
+    QRect near = view.adjusted(0, -screens * view.height(), 0, screens * view.height());
+    std::vector<QListWidgetItem*> items;
+    QModelIndex first = pages_->indexAt(QPoint(view.left() + 4, view.top() + 4));
+    int start = first.isValid() ? first.row() : 0;
+    for (int i = start - 1; i >= 0; --i) {
+        QListWidgetItem* item = pages_->item(i);
+        if (item->isHidden()) continue;
+        QRect at = pages_->visualItemRect(item);
+        if (at.bottom() < near.top()) break;
+        items.push_back(item);
+    }
+    for (int i = start; i < pages_->count(); ++i) {
+        QListWidgetItem* item = pages_->item(i);
+        if (item->isHidden()) continue;
+        QRect at = pages_->visualItemRect(item);
+        if (at.top() > near.bottom()) break;
+        if (at.intersects(near)) items.push_back(item);
+    }
+    return items;
+}
+
 std::vector<std::string> PageBrowser::VisiblePaths() const {
     std::vector<std::string> visible;
-    QRect view = pages_->viewport()->rect();
-    for (int i = 0; i < pages_->count(); ++i) {
-        if (pages_->visualItemRect(pages_->item(i)).intersects(view)) {
-            visible.push_back(PathOfItem(pages_->item(i)));
-        }
-    }
+    for (QListWidgetItem* item : ItemsWithin(0)) visible.push_back(PathOfItem(item));
     return visible;
 }
 
@@ -215,19 +311,17 @@ bool PageBrowser::VisibleThumbnailsShown() const {
 
 void PageBrowser::RequestVisibleThumbnails() {
     if (!showImages_->isChecked()) return;
-    // The pages in view first, then those just beyond it; the rest wait until scrolled to.
-    QRect view = pages_->viewport()->rect();
-    QRect near = view.adjusted(0, -kScreensKept * view.height(), 0, kScreensKept * view.height());
-    std::vector<std::string> visible, wanted;
-    for (int i = 0; i < pages_->count(); ++i) {
-        QRect at = pages_->visualItemRect(pages_->item(i));
-        if (!at.intersects(near)) continue;
-        std::string path = PathOfItem(pages_->item(i));
-        if (thumbnails_.count(path)) continue;
-        (at.intersects(view) ? visible : wanted).push_back(path);
+    // The pages in view first, then those just beyond it; the rest were asked for already.
+    std::vector<std::string> visible, near;
+    for (QListWidgetItem* item : ItemsWithin(0)) {
+        std::string path = PathOfItem(item);
+        if (!thumbnails_.count(path)) visible.push_back(path);
     }
-    wanted.insert(wanted.begin(), visible.begin(), visible.end());
-    queue_->Request(wanted);
+    for (QListWidgetItem* item : ItemsWithin(kScreensKept)) {
+        std::string path = PathOfItem(item);
+        if (!thumbnails_.count(path)) near.push_back(path);
+    }
+    queue_->Request(near);
     queue_->Prioritize(visible);
     TrimThumbnails();
     int left = queue_->Waiting();
@@ -235,28 +329,29 @@ void PageBrowser::RequestVisibleThumbnails() {
 }
 
 void PageBrowser::TrimThumbnails() {
-    QRect view = pages_->viewport()->rect();
-    QRect near = view.adjusted(0, -kScreensKept * view.height(), 0, kScreensKept * view.height());
+    if (thumbnails_.size() < kThumbnailsKeptAnyway) return;
+    std::set<std::string> near;
+    for (QListWidgetItem* item : ItemsWithin(kScreensKept)) near.insert(PathOfItem(item));
     for (auto it = thumbnails_.begin(); it != thumbnails_.end();) {
-        auto item = itemsByPath_.find(it->first);
-        bool keep =
-            item != itemsByPath_.end() && pages_->visualItemRect(item->second).intersects(near);
-        if (keep) {
+        if (near.count(it->first)) {
             ++it;
             continue;
         }
+        auto item = itemsByPath_.find(it->first);
         if (item != itemsByPath_.end()) item->second->setIcon(Blank());
         it = thumbnails_.erase(it);
     }
 }
 
 void PageBrowser::ThumbnailReady(const QString& path, const QImage& image) {
+    ++thumbnailsMade_;
     std::string native = ToPath(path);
     auto item = itemsByPath_.find(native);
     // A page scrolled far away meanwhile is not kept: it is made again from the cache if needed.
     QRect view = pages_->viewport()->rect();
     QRect near = view.adjusted(0, -kScreensKept * view.height(), 0, kScreensKept * view.height());
-    if (item != itemsByPath_.end() && pages_->visualItemRect(item->second).intersects(near)) {
+    if (item != itemsByPath_.end() && !item->second->isHidden() &&
+        pages_->visualItemRect(item->second).intersects(near)) {
         QPixmap shown = QPixmap::fromImage(image.isNull() ? Placeholder() : image);
         thumbnails_[native] = shown;
         item->second->setIcon(shown);
