@@ -16,6 +16,7 @@
 #include "model/PageObject.h"
 #include "model/PageObjectClass.h"
 #include "persist/Folders.h"
+#include "persist/SpecialFolders.h"
 
 namespace paginox {
 
@@ -457,7 +458,9 @@ PickerSpec PickerFor(FilePicker picker) {
 #undef ALL_FILES
 
 std::string PickedFileValue(FilePicker picker, const std::string& path) {
-    if (PickerFor(picker).KeepFullPath) return Utf8ToCp1252(path);
+    // Stored as the host will see it: under Wine, its Windows path.
+    if (PickerFor(picker).KeepFullPath)
+        return Utf8ToCp1252(ProcessSpecialFolders().HostPath(path));
     return Utf8ToCp1252(std::filesystem::path(path).stem().string());
 }
 

@@ -4,8 +4,10 @@
 #include <filesystem>
 
 #include "core/AnsiText.h"
+#include "core/MessageService.h"
 #include "persist/BinaryFile.h"
 #include "persist/Folders.h"
+#include "persist/HostInstallation.h"
 #include "persist/PrivateProfile.h"
 
 namespace paginox {
@@ -151,8 +153,23 @@ std::string FindSampleFolder(const std::string& programFolder) {
 }
 
 bool InitFolders(const std::string& sampleFolder, bool seed) {
-    FolderEnvironment env =
-        PrepareFolderEnvironment(ProcessSpecialFoldersShared(), sampleFolder, seed);
+    std::shared_ptr<const SpecialFolders> system = ProcessSpecialFoldersShared();
+    std::vector<HostInstallation> hosts =
+        FindHostInstallations(system, ChosenHost(), HomeFolder());
+    if (!ChosenHost().empty() && (hosts.empty() || hosts.front().Kind != "chosen")) {
+        ShowMessage("The Veltrane installation chosen, " + Utf8ToCp1252(ChosenHost()) +
+                        ", holds no " + kSettingsFileName + " any more; another is looked for.",
+                    "Veltrane Installation", MsgIcon::Exclamation);
+    }
+    FolderEnvironment env;
+    if (!hosts.empty()) {
+        env = {hosts.front().Special, false, ""};
+        SetCurrentHost(hosts.front());
+    } else {
+        env = PrepareFolderEnvironment(system, sampleFolder, seed);
+        SetCurrentHost({env.UsingDemoData ? "demo" : "none",
+                        env.UsingDemoData ? env.DemoRoot : std::string(), env.Special});
+    }
     SetProcessSpecialFolders(env.Special);
     SetStartingUp(true);
     AppFolders().FindFolders(2, *env.Special);

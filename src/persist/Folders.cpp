@@ -47,10 +47,12 @@ std::string HostIniPath(const std::string& fileName, const SpecialFolders& speci
     return PathJoin(special.WindowsFolder(), fileName, sep);
 }
 
-// A folder named in a settings file: Windows-1252 there, a native path here.
-std::string HostFolder(const std::string& file, std::string_view key, const std::string& def) {
+// A folder named in a settings file: Windows-1252 there, a native path here (under Wine the
+// host's Windows path mapped through the prefix).
+std::string HostFolder(const std::string& file, std::string_view key, const std::string& def,
+                       const SpecialFolders& special) {
     auto v = LookUpProfileString(file, "Veltrane", key);
-    return v ? Cp1252ToUtf8(Trim(*v)) : Trim(def);
+    return v ? special.NativePath(Cp1252ToUtf8(Trim(*v))) : Trim(def);
 }
 
 }  // namespace
@@ -75,7 +77,8 @@ void Folders::FindFolders(int16_t mode, const SpecialFolders& special, char sep)
                 GetSpecialFolder(kProgramFilesFolderId, special) + HostSubPath(sep);
             break;
         case 2:
-            paths_[kSystemDataFolder] = PathJoin(HostFolder(hostIni, "SystemDataPath", ""), sep);
+            paths_[kSystemDataFolder] =
+                PathJoin(HostFolder(hostIni, "SystemDataPath", "", special), sep);
             break;
         default:
             paths_[kSystemDataFolder] = PathJoin(special.ProgramFolder(), sep);
@@ -86,7 +89,7 @@ void Folders::FindFolders(int16_t mode, const SpecialFolders& special, char sep)
 
     // The host's setting wins; the documents folder is only the default.
     paths_[kUserFolder] =
-        PathJoin(HostFolder(hostIni, "UserFolder", DefaultUserFolder(special, sep)), sep);
+        PathJoin(HostFolder(hostIni, "UserFolder", DefaultUserFolder(special, sep), special), sep);
 
     paths_[kAsteroidFolder] = paths_[kSystemDataFolder] + "Asteroid" + sep;
     paths_[kSwissEphFolder] =

@@ -124,6 +124,10 @@ void SetProcessSpecialFolders(std::shared_ptr<const SpecialFolders> folders) {
     if (folders) Current() = std::move(folders);
 }
 
+std::string HomeFolder() {
+    return Home();
+}
+
 std::string GetSpecialFolder(int32_t id, const SpecialFolders& folders) {
     std::string path = folders.Folder(id);
     if (!path.empty()) return path;

@@ -30,6 +30,10 @@ class SpecialFolders {
     virtual std::string WindowsFolder() const = 0;
     // The folder of the running program.
     virtual std::string ProgramFolder() const = 0;
+    // A path the host stored (its settings, a page) as a file here, and a file here as the
+    // host would store it. The same path on this system; mapped under Wine.
+    virtual std::string NativePath(const std::string& stored) const { return stored; }
+    virtual std::string HostPath(const std::string& native) const { return native; }
 };
 
 // This desktop's folders: AppData = $XDG_CONFIG_HOME or ~/.config, LocalAppData =
@@ -49,6 +53,9 @@ class SystemSpecialFolders : public SpecialFolders {
 const SpecialFolders& ProcessSpecialFolders();
 std::shared_ptr<const SpecialFolders> ProcessSpecialFoldersShared();
 void SetProcessSpecialFolders(std::shared_ptr<const SpecialFolders> folders);
+
+// The user's home folder: $HOME, else the account's.
+std::string HomeFolder();
 
 // The special folder by id, with the fixed fallbacks for common program files (43) and local
 // application data (28) when the lookup finds nothing; other unknown ids give "".

@@ -10,6 +10,7 @@
 #include "persist/BinaryFile.h"
 #include "persist/FileStatus.h"
 #include "persist/Folders.h"
+#include "persist/SpecialFolders.h"
 #include "render/DrawingSurface.h"
 
 namespace paginox {
@@ -79,7 +80,8 @@ bool ConvertToTemporaryBitmap(const std::string& source, const std::string& targ
 std::string gPageFolder;  // of the page being drawn, for pictures named without a folder
 
 std::string PictureFilePath(const std::string& genericFile) {
-    std::string name = Cp1252ToUtf8(genericFile);
+    // A path as the host stores it (C:\Users\...) names a file here through its folders.
+    std::string name = ProcessSpecialFolders().NativePath(Cp1252ToUtf8(genericFile));
     if (name.empty() || fs::path(name).is_absolute()) return name;
     for (const std::string& folder : {gPageFolder, AppFolders().Path(kPagesFolder)}) {
         if (folder.empty()) continue;

@@ -9,6 +9,7 @@
 #include <ostream>
 #include <sstream>
 
+#include "persist/HostInstallation.h"
 #include "tool/ToolCommands.h"
 
 namespace paginox {
@@ -16,11 +17,13 @@ namespace paginox {
 namespace {
 
 const char* kUsage =
-    "Usage: paginox-tool [--data DIR] COMMAND [ARGS...]\n"
+    "Usage: paginox-tool [--data DIR] [--host DIR] COMMAND [ARGS...]\n"
     "\n"
     "Commands:\n"
     "  classes          the object class catalogue as JSON\n"
-    "  folders          the data folder table and the settings file path\n"
+    "  folders          the data folder table, the settings file path and the installation\n"
+    "  path P           P as the other side names it: a Windows path as a file here, a\n"
+    "                   file here as the host (under Wine) would name it\n"
     "  info PAGE        the summary of a page file\n"
     "  refs PAGE...     the definition files the pages refer to, one per line\n"
     "  xml PAGE [-o OUT]\n"
@@ -47,6 +50,8 @@ const char* kUsage =
     "\n"
     "Options:\n"
     "  --data DIR       read every definition file from DIR instead of the data folders\n"
+    "  --host DIR       use the Veltrane installation in DIR: a Wine prefix, or a folder\n"
+    "                   holding Veltrane9.ini\n"
     "  -h, --help       show this help\n"
     "  --version        show the version\n"
     "\n"
@@ -65,6 +70,7 @@ const std::map<std::string, Command>& Commands() {
         {"dump", CommandDump},       {"render", CommandRender},
         {"formats", CommandFormats}, {"add-size", CommandAddSize},
         {"library", CommandLibrary}, {"thumbnails", CommandThumbnails},
+        {"path", CommandPath},
     };
     return commands;
 }
@@ -113,6 +119,9 @@ int RunCommand(const std::vector<std::string>& given, std::ostream& out, std::os
         if (a == "--data") {
             if (i + 1 == args.size()) return UsageFailure(err, "--data needs a folder");
             options.dataDir = args[++i];
+        } else if (a == "--host") {
+            if (i + 1 == args.size()) return UsageFailure(err, "--host needs a folder");
+            SetChosenHost(args[++i]);
         } else if (!name) {
             if (a.starts_with("-")) return UsageFailure(err, "unknown option " + a);
             name = a;

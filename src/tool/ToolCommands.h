@@ -51,6 +51,7 @@ std::shared_ptr<PageClass> ReadToolPage(const std::string& path, int16_t formatI
 int ReportPageError(const std::string& path, const RuntimeError& e);
 
 int CommandClasses(const ToolOptions& options, std::ostream& out);
+int CommandPath(const ToolOptions& options, std::ostream& out);
 int CommandFolders(const ToolOptions& options, std::ostream& out);
 int CommandInfo(const ToolOptions& options, std::ostream& out);
 int CommandRefs(const ToolOptions& options, std::ostream& out);

@@ -11,6 +11,8 @@
 #include "persist/DefinitionReaders.h"
 #include "persist/DemoEnvironment.h"
 #include "persist/FileIO_OClass.h"
+#include "persist/HostInstallation.h"
+#include "persist/SpecialFolders.h"
 #include "persist/Folders.h"
 #include "tool/Tool.h"
 #include "tool/ToolCommands.h"
@@ -71,6 +73,19 @@ int CommandFolders(const ToolOptions& options, std::ostream& out) {
         out << i << '\t' << folders.Path(i) << '\t' << Cp1252ToUtf8(folders.DisplayName(i)) << '\n';
     }
     out << "Settings file\t" << folders.SettingsFile() << '\n';
+    out << "Installation\t" << CurrentHost().Kind << '\t' << CurrentHost().Folder << '\n';
+    return kExitOk;
+}
+
+int CommandPath(const ToolOptions& options, std::ostream& out) {
+    if (options.args.size() != 1) throw UsageError{"path takes one path"};
+    InitToolFolders(false);
+    const std::string& given = options.args[0];
+    const SpecialFolders& special = ProcessSpecialFolders();
+    // A drive letter or a backslash: the host's form, turned into a file here; else the other
+    // way round.
+    bool windows = (given.size() >= 2 && given[1] == ':') || given.find('\\') != std::string::npos;
+    out << (windows ? special.NativePath(given) : special.HostPath(given)) << '\n';
     return kExitOk;
 }
 
