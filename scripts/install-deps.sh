@@ -11,6 +11,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth
   desktop-file-utils appstream poppler-utils lintian
+  wine wine64
 )
 if [ "${1:-}" = fuzz ]; then
   packages=(cmake ninja-build clang libclang-rt-14-dev qt6-base-dev)

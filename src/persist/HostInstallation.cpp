@@ -5,8 +5,10 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "core/AnsiText.h"
 #include "persist/BinaryFile.h"
 #include "persist/Folders.h"
+#include "persist/PrivateProfile.h"
 #include "persist/WinePrefix.h"
 
 namespace paginox {
@@ -89,6 +91,22 @@ std::vector<HostInstallation> FindHostInstallations(std::shared_ptr<const Specia
         for (const std::string& prefix : PrefixesIn(folder)) tryPrefix(kind, prefix);
     }
     return found;
+}
+
+std::string OwnSettingsFile() {
+    return SystemSpecialFolders().Folder(kAppDataFolderId) + "/Paginox/Paginox.ini";
+}
+
+std::string SavedHostChoice() {
+    return Cp1252ToUtf8(ReadProfileString(OwnSettingsFile(), "Installation", "Folder", ""));
+}
+
+bool SaveHostChoice(const std::string& folder) {
+    std::error_code ec;
+    fs::create_directories(fs::path(OwnSettingsFile()).parent_path(), ec);
+    if (folder.empty())
+        return WriteProfileString(OwnSettingsFile(), "Installation", "Folder", std::nullopt);
+    return WriteProfileString(OwnSettingsFile(), "Installation", "Folder", Utf8ToCp1252(folder));
 }
 
 void SetChosenHost(const std::string& folder) {

@@ -31,6 +31,13 @@ std::vector<HostInstallation> FindHostInstallations(std::shared_ptr<const Specia
 void SetChosenHost(const std::string& folder);
 const std::string& ChosenHost();
 
+// The editor's remembered choice, in Paginox's own settings file (not the host's):
+// $XDG_CONFIG_HOME/Paginox/Paginox.ini, section "Installation", key "Folder".
+std::string OwnSettingsFile();
+std::string SavedHostChoice();
+// Remembers folder (empty: none, the search decides); false when it could not be written.
+bool SaveHostChoice(const std::string& folder);
+
 // The installation the folders run on, once start-up has chosen; an empty kind for none.
 const HostInstallation& CurrentHost();
 void SetCurrentHost(HostInstallation host);

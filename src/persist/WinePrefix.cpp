@@ -39,8 +39,11 @@ std::string Unescaped(const std::string& quoted) {
             continue;
         }
         size_t end = i + 1;
-        while (end < quoted.size() && end < i + 5 && std::isxdigit(static_cast<unsigned char>(quoted[end]))) ++end;
-        unsigned code = static_cast<unsigned>(std::stoul(quoted.substr(i + 1, end - i - 1), nullptr, 16));
+        while (end < quoted.size() && end < i + 5 &&
+               std::isxdigit(static_cast<unsigned char>(quoted[end])))
+            ++end;
+        unsigned code =
+            static_cast<unsigned>(std::stoul(quoted.substr(i + 1, end - i - 1), nullptr, 16));
         // UTF-8 of the code point.
         if (code < 0x80) {
             out += char(code);
@@ -69,7 +72,8 @@ std::vector<std::pair<std::string, std::string>> KeyValues(const std::string& te
     size_t line = text.find('\n', at);
     while (line != std::string::npos && line + 1 < text.size() && text[line + 1] != '[') {
         size_t end = text.find('\n', line + 1);
-        std::string row = text.substr(line + 1, (end == std::string::npos ? text.size() : end) - line - 1);
+        std::string row =
+            text.substr(line + 1, (end == std::string::npos ? text.size() : end) - line - 1);
         if (!row.empty() && row.back() == '\r') row.pop_back();
         line = end;
         if (row.size() < 4 || row.front() != '"') continue;
@@ -115,6 +119,12 @@ WinePrefix::WinePrefix(std::string root) : root_(std::move(root)) {
     }
     userFolders_ = KeyValues(text, kUserShellFolders);
     shellFolders_ = KeyValues(text, kShellFolders);
+    environment_ = KeyValues(text, "Environment");
+}
+
+std::string WinePrefix::TemporaryFolder() const {
+    if (auto temp = Lookup(environment_, "TEMP")) return Expand(*temp);
+    return UserProfile() + "\\AppData\\Local\\Temp";
 }
 
 bool WinePrefix::IsPrefix(const std::string& dir) {
@@ -259,9 +269,7 @@ std::string WineSpecialFolders::Folder(int32_t id) const {
 }
 
 std::string WineSpecialFolders::TemporaryFolder() const {
-    return Mapped(prefix_.ShellFolder("Local AppData")
-                      .value_or(prefix_.UserProfile() + "\\AppData\\Local") +
-                  "\\Temp");
+    return Mapped(prefix_.TemporaryFolder());
 }
 
 std::string WineSpecialFolders::WindowsFolder() const {

@@ -35,12 +35,15 @@ class WinePrefix {
     std::optional<std::string> ShellFolder(const std::string& name) const;
     // The user's profile folder, C:\users\NAME, as a Windows path.
     std::string UserProfile() const;
+    // The user's temporary folder (the registry's TEMP), as a Windows path.
+    std::string TemporaryFolder() const;
 
   private:
     std::string Expand(const std::string& value) const;
     std::string root_;
     std::vector<std::pair<std::string, std::string>> userFolders_;   // User Shell Folders
     std::vector<std::pair<std::string, std::string>> shellFolders_;  // Shell Folders
+    std::vector<std::pair<std::string, std::string>> environment_;   // the user's variables
 };
 
 // The special folders as the host under Wine sees them; paths in its settings and pages map

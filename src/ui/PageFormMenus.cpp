@@ -13,6 +13,7 @@
 #include "model/PageClass.h"
 #include "model/PageObject.h"
 #include "model/PageObjectClass.h"
+#include "ui/InstallationDialog.h"
 
 namespace paginox {
 
@@ -64,6 +65,10 @@ void PageForm::BuildFileMenu() {
     })->setShortcuts(StandardKeys(QKeySequence::Print, Qt::CTRL | Qt::Key_P));
     AddAction(file, "mnuFilePrintPreview", "Print Pre&view...", [this] { PrintPage(true); });
     AddAction(file, "mnuTransXML", "&Translate to XML", [this] { TranslateToXml(); });
+    AddAction(file, "mnuFileInstallation", "Veltrane &Installation...", [this] {
+        InstallationDialog dialog(this);
+        dialog.exec();
+    });
     file->addSeparator();
     AddAction(file, "mnuExit", "E&xit", [this] {
         close();

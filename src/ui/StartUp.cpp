@@ -19,6 +19,7 @@
 #include "persist/DemoEnvironment.h"
 #include "persist/FileIO_OClass.h"
 #include "persist/Folders.h"
+#include "persist/HostInstallation.h"
 #include "ui/EditorDialogs.h"
 #include "ui/GuardedApplication.h"
 #include "ui/PageForm.h"
@@ -63,8 +64,11 @@ int RunEditor(GuardedApplication& app) {
 
     // 3 to 5. The folders (a real installation or the demo copy) and the definitions.
     EditorState state;
+    SetChosenHost(SavedHostChoice());
     state.UsingDemoData =
         InitFolders(FindSampleFolder(ToPath(QCoreApplication::applicationDirPath())));
+    // A remembered choice that is gone was said once; the search decides from now on.
+    if (!ChosenHost().empty() && CurrentHost().Kind != "chosen") SaveHostChoice("");
     LoadDefinitions(AppFolders(), LoadCatalogue);
 
     // 6 and 7. The selection marks live in the state; the window loads on the command line.

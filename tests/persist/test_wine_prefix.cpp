@@ -33,15 +33,16 @@ std::string MakePrefix(const test::TempDir& dir, const std::string& name) {
     fs::create_symlink("/", root / "dosdevices/z:");
     fs::create_symlink(fs::path(dir.Folder()) / "astro", root / "dosdevices/d:");
     dir.Write(name + "/drive_c/users/me/Pictures/sunburst.bmp", "BM");
-    dir.Write(name + "/user.reg",
-              "WINE REGISTRY Version 2\n\n"
-              "[Software\\\\Microsoft\\\\Windows\\\\CurrentVersion\\\\Explorer\\\\Shell Folders] 1\n"
-              "\"Personal\"=\"C:\\\\users\\\\me\\\\Documents\"\n\n"
-              "[Software\\\\Microsoft\\\\Windows\\\\CurrentVersion\\\\Explorer\\\\User Shell "
-              "Folders] 1\n"
-              "#time=1\n"
-              "\"AppData\"=str(2):\"%USERPROFILE%\\\\AppData\\\\Roaming\"\n"
-              "\"Local AppData\"=str(2):\"%USERPROFILE%\\\\AppData\\\\Local\"\n");
+    dir.Write(
+        name + "/user.reg",
+        "WINE REGISTRY Version 2\n\n"
+        "[Software\\\\Microsoft\\\\Windows\\\\CurrentVersion\\\\Explorer\\\\Shell Folders] 1\n"
+        "\"Personal\"=\"C:\\\\users\\\\me\\\\Documents\"\n\n"
+        "[Software\\\\Microsoft\\\\Windows\\\\CurrentVersion\\\\Explorer\\\\User Shell "
+        "Folders] 1\n"
+        "#time=1\n"
+        "\"AppData\"=str(2):\"%USERPROFILE%\\\\AppData\\\\Roaming\"\n"
+        "\"Local AppData\"=str(2):\"%USERPROFILE%\\\\AppData\\\\Local\"\n");
     dir.Write(name + "/drive_c/windows/Veltrane9.ini",
               "[Veltrane]\r\nSystemDataPath=C:\\Program Files (x86)\\Quillon\\Veltrane\\v9\\\r\n"
               "UserFolder=d:\\\r\n");
@@ -114,7 +115,9 @@ TEST(WinePrefix, InstallationsAreLookedForInOrder) {
     std::vector<std::string> kinds;
     for (const HostInstallation& h : found) kinds.push_back(h.Kind);
     // A choice that is gone is passed over; the rest come in their order.
-    auto at = [&](const std::string& k) { return std::find(kinds.begin(), kinds.end(), k) - kinds.begin(); };
+    auto at = [&](const std::string& k) {
+        return std::find(kinds.begin(), kinds.end(), k) - kinds.begin();
+    };
     EXPECT_LT(at("WINEPREFIX"), at("~/.wine"));
     EXPECT_LT(at("~/.wine"), at("PlayOnLinux"));
     EXPECT_EQ(found[size_t(at("WINEPREFIX"))].Folder, custom);

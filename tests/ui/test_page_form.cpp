@@ -15,7 +15,10 @@
 #include "editor/RecoveryStore.h"
 #include "persist/FileIO_Page.h"
 #include "persist/Folders.h"
+#include "persist/HostInstallation.h"
+#include "support/TempDir.h"
 #include "ui/InsertDialog.h"
+#include "ui/InstallationDialog.h"
 #include "ui/PageFormFixture.h"
 #include "ui/PropertyPanel.h"
 #include "ui/StartUp.h"
@@ -259,6 +262,32 @@ TEST(PageForm, AboutSaysTheVersionAndTheLicence) {
     fx.Trigger("mnuHelpAbout");
     EXPECT_NE(fx.messages.Last().find("Paginox 0.1.0"), std::string::npos);
     EXPECT_NE(fx.messages.Last().find("GPL-3.0-or-later"), std::string::npos);
+}
+
+// File > Veltrane Installation: what was found, the folders it gives, and the choice kept in
+// Paginox's own settings.
+TEST(PageForm, InstallationDialogListsPrefixesAndRemembersTheChoice) {
+    test::EnsureGuiApplication<QApplication>();
+    test::TempDir dir;
+    const std::string prefix = dir / "prefix";
+    std::filesystem::create_directories(prefix + "/drive_c/windows");
+    std::filesystem::create_directories(prefix + "/dosdevices");
+    std::filesystem::create_symlink("../drive_c", prefix + "/dosdevices/c:");
+    dir.Write("prefix/drive_c/windows/Veltrane9.ini", "[Veltrane]\r\nUserFolder=C:\\Astro\r\n");
+    setenv("WINEPREFIX", prefix.c_str(), 1);
+    setenv("XDG_CONFIG_HOME", (dir / "config").c_str(), 1);
+    InstallationDialog dialog;
+    ASSERT_GE(dialog.Found()->count(), 1);
+    EXPECT_TRUE(
+        dialog.Found()->item(0)->text().endsWith("WINEPREFIX: " + QString::fromStdString(prefix)));
+    EXPECT_EQ(dialog.Table()->item(kPagesFolder, 1)->text(),
+              QString::fromStdString(prefix + "/dosdevices/c:/Astro/Pages/"));
+    dialog.UseChosen();
+    EXPECT_EQ(SavedHostChoice(), prefix);
+    dialog.UseSearch();
+    EXPECT_EQ(SavedHostChoice(), "");
+    unsetenv("WINEPREFIX");
+    unsetenv("XDG_CONFIG_HOME");
 }
 
 TEST(StartUp, SecondCopyQuestion) {
