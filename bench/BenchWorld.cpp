@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "BenchWorld.h"
 
+#include <QApplication>
+#include <QElapsedTimer>
+#include <algorithm>
 #include <cstdlib>
+#include <fstream>
 #include <random>
 
 #include "model/PageClass.h"
@@ -150,6 +154,33 @@ BenchWorld& World() {
         return w;
     }();
     return *world;
+}
+
+double RunLoopUntil(const std::function<bool()>& done, const std::function<void()>& measure) {
+    QElapsedTimer clock;
+    clock.start();
+    qint64 last = clock.nsecsElapsed(), longest = 0;
+    for (int round = 0; !done(); ++round) {
+        QApplication::processEvents(QEventLoop::AllEvents);
+        qint64 now = clock.nsecsElapsed();
+        longest = std::max(longest, now - last);
+        last = now;
+        if (measure && round % 200 == 0) measure();
+    }
+    return longest / 1e6;
+}
+
+double ResidentMegabytes() {
+    std::ifstream status("/proc/self/status");
+    std::string key;
+    while (status >> key) {
+        if (key == "VmRSS:") {
+            double kb = 0;
+            status >> kb;
+            return kb / 1024;
+        }
+    }
+    return 0;
 }
 
 }  // namespace paginox::bench

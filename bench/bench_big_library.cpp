@@ -29,35 +29,6 @@ namespace {
 namespace fs = std::filesystem;
 constexpr int kBigLibrary = 10000;
 
-double Megabytes() {
-    std::ifstream status("/proc/self/status");
-    std::string key;
-    while (status >> key) {
-        if (key == "VmRSS:") {
-            double kb = 0;
-            status >> kb;
-            return kb / 1024;
-        }
-    }
-    return 0;
-}
-
-// Runs the event loop until done() says so, and tells the longest time it went unserved;
-// every so often, measure() runs as well.
-double Loop(const std::function<bool()>& done, const std::function<void()>& measure = {}) {
-    QElapsedTimer clock;
-    clock.start();
-    qint64 last = clock.nsecsElapsed(), longest = 0;
-    for (int round = 0; !done(); ++round) {
-        QApplication::processEvents(QEventLoop::AllEvents);
-        qint64 now = clock.nsecsElapsed();
-        longest = std::max(longest, now - last);
-        last = now;
-        if (measure && round % 200 == 0) measure();
-    }
-    return longest / 1e6;
-}
-
 // Every special folder under the big library's own folder.
 class BigFolders : public SpecialFolders {
   public:
@@ -120,7 +91,7 @@ void BigFirstScreenWarm(benchmark::State& state) {
         PageBrowser browser("");
         browser.resize(1000, 700);
         browser.show();
-        Loop([&] { return browser.VisibleThumbnailsShown(); });
+        RunLoopUntil([&] { return browser.VisibleThumbnailsShown(); });
         worst = std::max(worst, clock.nsecsElapsed() / 1e6);
     }
     state.counters["big_first_screen_ms"] = worst;
@@ -161,13 +132,13 @@ void BigThumbnailsCold(benchmark::State& state) {
         browser.show();
         // Browsing meanwhile: the view scrolls down a screen at a time.
         QScrollBar* bar = browser.Pages()->verticalScrollBar();
-        gap = std::max(gap, Loop([&] { return browser.ThumbnailsMade() >= kBigLibrary; },
-                                 [&] {
-                                     bar->setValue(bar->value() + bar->pageStep());
-                                     memory = std::max(memory, Megabytes());
-                                 }));
+        gap = std::max(gap, RunLoopUntil([&] { return browser.ThumbnailsMade() >= kBigLibrary; },
+                                         [&] {
+                                             bar->setValue(bar->value() + bar->pageStep());
+                                             memory = std::max(memory, ResidentMegabytes());
+                                         }));
         seconds = std::max(seconds, clock.nsecsElapsed() / 1e9);
-        memory = std::max(memory, Megabytes());
+        memory = std::max(memory, ResidentMegabytes());
     }
     state.counters["big_cold_s"] = seconds;
     state.counters["big_gap_ms"] = gap;

@@ -28,35 +28,6 @@ namespace {
 constexpr int kScreenWidth = 1000;  // the browser's default size
 constexpr int kScreenHeight = 700;
 
-// Runs the event loop until done() says so, and tells the longest time it went unserved.
-double RunLoopUntil(const std::function<bool()>& done) {
-    QElapsedTimer clock;
-    clock.start();
-    qint64 last = clock.nsecsElapsed();
-    qint64 longest = 0;
-    while (!done()) {
-        QApplication::processEvents(QEventLoop::AllEvents);
-        qint64 now = clock.nsecsElapsed();
-        longest = std::max(longest, now - last);
-        last = now;
-    }
-    return longest / 1e6;
-}
-
-// The process's memory now, in MB, as the system counts it.
-double ResidentMegabytes() {
-    std::ifstream status("/proc/self/status");
-    std::string key;
-    while (status >> key) {
-        if (key == "VmRSS:") {
-            double kb = 0;
-            status >> kb;
-            return kb / 1024;
-        }
-    }
-    return 0;
-}
-
 void MakeAllThumbnails(ImageCache& cache) {
     for (const std::string& page : World().library) {
         if (!cache.Contains(page, PageBrowser::kThumbWidth, PageBrowser::kThumbHeight)) {
