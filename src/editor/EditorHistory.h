@@ -57,7 +57,7 @@ class EditorHistory {
 
   private:
     struct Step {
-        std::unique_ptr<RestoreBlock> Changes;     // a property step
+        std::unique_ptr<RestoreBlock> Changes;    // a property step
         std::shared_ptr<const PageClass> Before;  // a structural step: the page before
         std::shared_ptr<const PageClass> After;   // and after
         int16_t FormatBefore = 0;

@@ -386,7 +386,8 @@ RowInput ParseRowInput(const PropertyRow& row, const std::string& text, char sep
         case RowKind::Angle: {
             std::optional<double> degrees = ParseAngle(WithPoint(text, separator));
             if (!degrees) return {std::nullopt, AngleErrorText(), kAngleErrorTitle};
-            if (*degrees < row.Min || *degrees > row.Max) return Invalid(RangeMessage(row, separator));
+            if (*degrees < row.Min || *degrees > row.Max)
+                return Invalid(RangeMessage(row, separator));
             return {PropertyValue(*degrees + 0.0), "", ""};  // + 0.0: no negative zero
         }
         case RowKind::Number: {
@@ -459,8 +460,7 @@ PickerSpec PickerFor(FilePicker picker) {
 
 std::string PickedFileValue(FilePicker picker, const std::string& path) {
     // Stored as the host will see it: under Wine, its Windows path.
-    if (PickerFor(picker).KeepFullPath)
-        return Utf8ToCp1252(ProcessSpecialFolders().HostPath(path));
+    if (PickerFor(picker).KeepFullPath) return Utf8ToCp1252(ProcessSpecialFolders().HostPath(path));
     return Utf8ToCp1252(std::filesystem::path(path).stem().string());
 }
 

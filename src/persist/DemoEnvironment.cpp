@@ -154,8 +154,7 @@ std::string FindSampleFolder(const std::string& programFolder) {
 
 bool InitFolders(const std::string& sampleFolder, bool seed) {
     std::shared_ptr<const SpecialFolders> system = ProcessSpecialFoldersShared();
-    std::vector<HostInstallation> hosts =
-        FindHostInstallations(system, ChosenHost(), HomeFolder());
+    std::vector<HostInstallation> hosts = FindHostInstallations(system, ChosenHost(), HomeFolder());
     if (!ChosenHost().empty() && (hosts.empty() || hosts.front().Kind != "chosen")) {
         ShowMessage("The Veltrane installation chosen, " + Utf8ToCp1252(ChosenHost()) +
                         ", holds no " + kSettingsFileName + " any more; another is looked for.",

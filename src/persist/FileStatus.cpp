@@ -8,14 +8,14 @@
 namespace paginox {
 
 FileType TypeOfFile(const std::string& path) {
-    struct stat st{};
+    struct stat st {};
     if (path.empty() || stat(path.c_str(), &st) != 0) return FileType::Missing;
     if (S_ISREG(st.st_mode)) return FileType::Regular;
     return S_ISDIR(st.st_mode) ? FileType::Directory : FileType::Special;
 }
 
 std::optional<FileStamp> StampOf(const std::string& path) {
-    struct stat st{};
+    struct stat st {};
     if (path.empty() || stat(path.c_str(), &st) != 0 || !S_ISREG(st.st_mode)) return std::nullopt;
     constexpr int64_t kNsPerSecond = 1'000'000'000;
     return FileStamp{int64_t(st.st_mtim.tv_sec) * kNsPerSecond + st.st_mtim.tv_nsec,
@@ -23,7 +23,7 @@ std::optional<FileStamp> StampOf(const std::string& path) {
 }
 
 std::optional<int64_t> LastChangeSecond(const std::string& path) {
-    struct stat st{};
+    struct stat st {};
     if (path.empty() || stat(path.c_str(), &st) != 0) return std::nullopt;
     return std::max<int64_t>(st.st_mtim.tv_sec, st.st_ctim.tv_sec);
 }

@@ -71,7 +71,8 @@ int CommandThumbnails(const ToolOptions& options, std::ostream& out) {
     std::vector<std::string> args = options.args;
     std::optional<std::string> size = TakeOption(args, "--size");
     bool clear = std::erase(args, "--clear") > 0;
-    if (!args.empty()) throw UsageError{"thumbnails takes [--size WxH] (default 160x120) or --clear"};
+    if (!args.empty())
+        throw UsageError{"thumbnails takes [--size WxH] (default 160x120) or --clear"};
     auto [width, height] = size ? ImageSizeArgument(*size, "--size", 4096) : std::pair(160, 120);
     if (clear) {
         ImageCache cache;

@@ -40,7 +40,9 @@ std::pair<int, int> ImageSizeArgument(std::string_view text, const std::string& 
 // usage error when it has no value.
 std::optional<std::string> TakeOption(std::vector<std::string>& args, const std::string& name);
 // "-" as an output: standard output.
-inline bool IsStandardOutput(const std::string& path) { return path == "-"; }
+inline bool IsStandardOutput(const std::string& path) {
+    return path == "-";
+}
 
 // Loads the object class catalogue and the definition lists, from --data or the folders.
 void LoadToolDefinitions(const ToolOptions& options);

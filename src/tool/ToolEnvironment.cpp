@@ -11,9 +11,9 @@
 #include "persist/DefinitionReaders.h"
 #include "persist/DemoEnvironment.h"
 #include "persist/FileIO_OClass.h"
+#include "persist/Folders.h"
 #include "persist/HostInstallation.h"
 #include "persist/SpecialFolders.h"
-#include "persist/Folders.h"
 #include "tool/Tool.h"
 #include "tool/ToolCommands.h"
 

@@ -239,7 +239,8 @@ void PropertyPanel::Stage(const QString& text) {
     staged_ = *editing_;
     staged_->Text = text;
     // Stored once the editor has closed: storing rebuilds the list.
-    QMetaObject::invokeMethod(this, [this] { ApplyStaged(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { ApplyStaged(); }, Qt::QueuedConnection);
 }
 
 void PropertyPanel::CommitPendingEdit() {

@@ -6,9 +6,9 @@
 // browses for a file. Typed values are checked before they are stored; every edit that
 // passes is one undoable step.
 
-#include <QWidget>
 #include <QPointer>
 #include <QString>
+#include <QWidget>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -30,8 +30,7 @@ class PropertyPanel : public QWidget {
     Q_OBJECT
 
   public:
-    PropertyPanel(EditorHistory& history, EditorDialogs& dialogs,
-                  QWidget* parent = nullptr);
+    PropertyPanel(EditorHistory& history, EditorDialogs& dialogs, QWidget* parent = nullptr);
 
     // Refills the object selector and the rows for the current selection, keeping the chosen
     // row where it can.
@@ -86,7 +85,7 @@ class PropertyPanel : public QWidget {
     EditorHistory& history_;
     EditorDialogs& dialogs_;
     std::vector<PropertyRow> rows_;
-    QPointer<QWidget> editor_;    // the open editor, if any
+    QPointer<QWidget> editor_;     // the open editor, if any
     std::optional<Edit> editing_;  // what it was opened for
     std::optional<Edit> staged_;   // its value, waiting for the editor to close
     bool objectClickUpdate_ = true;

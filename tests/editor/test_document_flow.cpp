@@ -120,8 +120,8 @@ TEST_F(DocumentFlowTest, AFileThatFailedToOpenIsNeverReplacedWithoutANewChoice) 
     host.answers = {dir / "Mended.pag"};
     flow.FileSave();
     EXPECT_TRUE(SavedAsIs(dir / "Mended.pag"));
-    EXPECT_EQ(host.dialogs, (std::vector<std::string>{"save:" + damaged, "save:" + damaged,
-                                                      "save:" + damaged}));
+    EXPECT_EQ(host.dialogs,
+              (std::vector<std::string>{"save:" + damaged, "save:" + damaged, "save:" + damaged}));
     // Chosen again in Save As, the name may be used.
     host.answers = {damaged};
     flow.FileSaveAs();

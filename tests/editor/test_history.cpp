@@ -78,8 +78,7 @@ class RandomEditor {
                 } else {
                     step.Set(Pick(2) ? kPropDescription : kPropListAbbreviation,
                              std::string(1, char('A' + Pick(26))), 0, 0, 0);
-                    step.Set(kPropNewMargin, double(Fraction() * 0.3f), 0, 0,
-                             int16_t(1 + Pick(4)));
+                    step.Set(kPropNewMargin, double(Fraction() * 0.3f), 0, 0, int16_t(1 + Pick(4)));
                 }
                 return;
             }
@@ -233,4 +232,3 @@ TEST_F(HistoryWalk, RandomEditsUndoToTheStartAndRedoToTheEnd) {
 }
 
 }  // namespace
-

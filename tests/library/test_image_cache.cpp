@@ -152,7 +152,7 @@ TEST(ImageCache, ClearCachesKeepsTheColonWhileClearAllTakesEveryBitmap) {
     }
     WriteFile(cache.CacheDir() + "notes.txt");
 
-    cache.ClearCaches("/p/A.pag");     // every size, and the page whose name merely begins alike
+    cache.ClearCaches("/p/A.pag");    // every size, and the page whose name merely begins alike
     cache.ClearCaches("d:/p/C.pag");  // the drive's colon stays in the pattern: nothing matches
     EXPECT_EQ(CacheFiles(cache),
               "_p_AB.pag_10x10.bmp _p_AB.pag_20x20.bmp d__p_C.pag_10x10.bmp d__p_C.pag_20x20.bmp "

@@ -91,8 +91,9 @@ TEST_F(PageCatalogTest, NamesInAnyScriptSurviveEveryCommandAndTheFile) {
     EXPECT_EQ(test::ReadAll(dir / "PageCatalog.txt"),
               "# Paginox page catalogue: [Category] lines, then its page files.\n"
               "\n[*Étoiles ✶]\n*Звезда.pag\nCaf\xE9.pag\n");
-    const std::string all = "Added Recently: Lunar.pag Natal.pag Solar.pag Ωmega 2.pag "
-                            "Новая.pag 日本 copy.pag | Étoiles ✶: Звезда.pag Café.pag";
+    const std::string all =
+        "Added Recently: Lunar.pag Natal.pag Solar.pag Ωmega 2.pag "
+        "Новая.pag 日本 copy.pag | Étoiles ✶: Звезда.pag Café.pag";
     EXPECT_EQ(Shown(catalog), all);
     EXPECT_EQ(Shown(PageCatalog::Load(folder)), all);
 }

@@ -86,8 +86,9 @@ TEST_F(EditsLand, CommandsStoreWhatIsBeingTypedFirst) {
     fx.Trigger("mnuFileSave");
     auto saved = ReadPage(fx.page, -1, false);
     ASSERT_TRUE(saved);
-    EXPECT_FLOAT_EQ(saved->GetFormat(fx.state.CurrentFormatIndex)->Object(Find("Point List"))->Origin(1),
-                    0.15f);
+    EXPECT_FLOAT_EQ(
+        saved->GetFormat(fx.state.CurrentFormatIndex)->Object(Find("Point List"))->Origin(1),
+        0.15f);
 
     auto* description = fx.form->findChild<QLineEdit*>("txtDesc");
     description->setFocus();
