@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <optional>
 #include <set>
+#include <string_view>
 
 #include "core/AnsiText.h"
 #include "library/PageBitmap.h"
@@ -85,7 +86,7 @@ bool ImageCache::IsPlainName(const std::string& pagePath, const std::string& fil
     return pagePath.find('_') == std::string::npos &&
            (colon == std::string::npos ||
             (driveColon && pagePath.find(':', 2) == std::string::npos)) &&
-           fileName.size() <= kMaxNameBytes;
+           fileName.size() + std::string_view(".part").size() <= kMaxNameBytes;
 }
 
 std::string ImageCache::DistinctStem(const std::string& pagePath) const {

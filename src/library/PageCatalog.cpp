@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <optional>
+#include <string_view>
+#include <utility>
 
 #include "core/AnsiText.h"
 #include "core/RuntimeError.h"
@@ -73,7 +75,12 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 // or category name can start with "*").
 std::string Stored(const std::string& name) {
     std::string ansi = Utf8ToCp1252(name);
-    return Cp1252ToUtf8(ansi) == name ? ansi : std::string(kUtf8Mark) + name;
+    // A name a line could not hold as it is (read as a note, a category or a marked name, or
+    // losing its blanks) is marked too.
+    bool awkward = name.empty() ||
+                   std::string_view("#*[ \t").find(name.front()) != std::string_view::npos ||
+                   name.back() == ' ' || name.back() == '\t';
+    return !awkward && Cp1252ToUtf8(ansi) == name ? ansi : std::string(kUtf8Mark) + name;
 }
 
 std::string Read(const std::string& stored, bool utf8File) {
@@ -216,9 +223,17 @@ void PageCatalog::Reload() {
             try {
                 text = ReadWholeFile(file);
             } catch (const RuntimeError&) {
+                // Not readable now (no permission, a disk error): it may well be fine, so it is
+                // never replaced; this catalogue only reads until it is loaded again.
+                problem_ = "The page catalogue " + Utf8ToCp1252(file) +
+                           " could not be read, so changes to the filing cannot be saved now.";
+                write_ = false;
+                text = std::string();
             }
         }
-        if (!text || !ParseCatalog(*text, stored)) {
+        if (!write_ && text && text->empty()) {
+            stored.clear();
+        } else if (!text || !ParseCatalog(*text, stored)) {
             std::optional<std::string> copy =
                 write_ ? KeepDamagedCopy(folder_, file) : std::nullopt;
             problem_ = "The page catalogue " + Utf8ToCp1252(file) + " could not be read. " +
@@ -227,7 +242,7 @@ void PageCatalog::Reload() {
                        "under " +
                        kAddedRecently + ".";
             stored.clear();
-            save = true;
+            save = copy.has_value();  // the damaged file is replaced only once it was kept
         }
     }
     categories_ = {{kAddedRecently, {}}};
@@ -259,6 +274,10 @@ std::vector<CatalogCategory> PageCatalog::ImportLegacy() {
                                       " were imported: " + std::to_string(imported.size()) +
                                       " categories listing " + std::to_string(pages) + " pages.";
     return imported;
+}
+
+std::string PageCatalog::TakeProblem() {
+    return std::exchange(problem_, std::string());
 }
 
 bool PageCatalog::Refresh() {

@@ -50,6 +50,8 @@ class PageCatalog {
     std::string CategoryOf(const std::string& page) const;
     // What the user should be told once about the last load; empty when all was well.
     const std::string& Problem() const { return problem_; }
+    // The same, handed over once: a reload by Refresh may bring a new one.
+    std::string TakeProblem();
     // The page file's native path.
     std::string PathOf(const std::string& page) const;
 

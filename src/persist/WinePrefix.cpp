@@ -38,6 +38,10 @@ std::string Unescaped(const std::string& quoted) {
             out += next;
             continue;
         }
+        if (i + 1 >= quoted.size() || !std::isxdigit(static_cast<unsigned char>(quoted[i + 1]))) {
+            out += next;  // a lone \x: kept as it stands
+            continue;
+        }
         size_t end = i + 1;
         while (end < quoted.size() && end < i + 5 &&
                std::isxdigit(static_cast<unsigned char>(quoted[end])))
@@ -174,6 +178,13 @@ std::optional<std::string> WinePrefix::ShellFolder(const std::string& name) cons
 
 std::optional<std::string> WinePrefix::ToUnix(const std::string& windowsPath) const {
     std::string path = windowsPath;
+    // A file no drive holds, as ToWindows names it.
+    const std::string unixMark = "\\\\?\\unix";
+    if (path.starts_with(unixMark)) {
+        std::string unix = path.substr(unixMark.size());
+        std::replace(unix.begin(), unix.end(), '\\', '/');
+        return unix;
+    }
     std::replace(path.begin(), path.end(), '/', '\\');
     if (path.size() < 2 || path[1] != ':' || !std::isalpha(static_cast<unsigned char>(path[0])))
         return std::nullopt;

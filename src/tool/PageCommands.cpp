@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The page commands: info, refs, xml and convert.
 
+#include <stdlib.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -123,13 +124,15 @@ int CommandXml(const ToolOptions& options, std::ostream& out) {
     if (!page) return kExitFailure;
     LoadToolDefinitions(options);  // the objects' class names
     if (target && IsStandardOutput(*target)) {
-        // Written as to any file, then handed on.
-        std::string temporary =
-            fs::temp_directory_path() / ("paginox-xml-" + std::to_string(getpid()));
+        // Written as to any file, in a folder of this run's own (no other user can plant a
+        // link there), then handed on.
+        std::string folder = (fs::temp_directory_path() / "paginox-xml-XXXXXX").string();
+        if (!mkdtemp(folder.data())) return kExitFailure;
+        std::string temporary = folder + "/page.xml";
         bool written = XMLOutPage().WriteToXML(temporary, *page);
         if (written) out << ReadWholeFile(temporary);
         std::error_code ignored;
-        fs::remove(temporary, ignored);
+        fs::remove_all(folder, ignored);
         return written ? kExitOk : kExitFailure;
     }
     std::optional<std::string> written;

@@ -70,7 +70,7 @@ PageBrowser::PageBrowser(const std::string& startPage, QWidget* parent)
         thumbnails_.erase(path);
     };
     catalog_.PageRenamed = [this](const std::string& from, const std::string& to) {
-        if (openPage_.empty() || from != openPage_) return;
+        if (!IsOpenPage(from)) return;
         openPage_ = to;
         if (OpenPageRenamed) OpenPageRenamed(to);
     };
@@ -94,7 +94,8 @@ PageBrowser::PageBrowser(const std::string& startPage, QWidget* parent)
         splitter_->setSizes({IniNumber("Splitter", 260), width() - IniNumber("Splitter", 260)});
     showImages_->setChecked(ReadIni(kSection, "Show_Images", "True") != "False");
     order_->setCurrentIndex(std::clamp(IniNumber("Order", 0), 0, order_->count() - 1));
-    if (!catalog_.Problem().empty()) ShowMessage(catalog_.Problem(), kTitle, MsgIcon::Exclamation);
+    if (std::string problem = catalog_.TakeProblem(); !problem.empty())
+        ShowMessage(problem, kTitle, MsgIcon::Exclamation);
     RemoveOrphanThumbnails();
     std::string start = std::filesystem::path(startPage).filename().string();
     FillCategories(catalog_.CategoryOf(start));
@@ -103,6 +104,14 @@ PageBrowser::PageBrowser(const std::string& startPage, QWidget* parent)
 }
 
 PageBrowser::~PageBrowser() = default;
+
+bool PageBrowser::IsOpenPage(const std::string& path) const {
+    if (openPage_.empty()) return false;
+    // The editor may name it relatively, or through a link: the same file counts.
+    std::error_code ec;
+    return std::filesystem::weakly_canonical(path, ec) ==
+           std::filesystem::weakly_canonical(openPage_, ec);
+}
 
 void PageBrowser::BuildControls() {
     splitter_ = new QSplitter(this);

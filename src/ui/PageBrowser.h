@@ -94,6 +94,7 @@ class PageBrowser : public QDialog {
     QWidget* BuildPagePane();
     void ConnectControls();
     void RemoveOrphanThumbnails();
+    bool IsOpenPage(const std::string& path) const;
     // The lists follow the catalogue: select names the entry chosen afterwards.
     void FillCategories(const std::string& select);
     void FillPages(const std::string& select);

@@ -23,6 +23,9 @@ constexpr const char* kTitle = "Page Browser";
 
 bool PageBrowser::Done(const std::string& message) {
     ReadFactsLater();  // pages the command (or another program) added
+    // Another program's catalogue taken in on the way may have something to say.
+    if (std::string problem = catalog_.TakeProblem(); !problem.empty())
+        ShowMessage(problem, kTitle, MsgIcon::Exclamation);
     if (message.empty()) return true;
     ShowMessage(message, kTitle, MsgIcon::Exclamation);
     // The catalogue may have taken in another program's changes: the lists follow it.
@@ -116,7 +119,7 @@ void PageBrowser::DeletePage() {
     std::vector<std::string> pages = SelectedPages();
     if (pages.empty()) return;
     for (const std::string& file : pages) {
-        if (!openPage_.empty() && catalog_.PathOf(file) == openPage_) {
+        if (IsOpenPage(catalog_.PathOf(file))) {
             ShowMessage("The page " + Utf8ToCp1252(file) +
                             " is open in the editor, so it cannot be deleted. Open another page "
                             "first, then delete this one.",

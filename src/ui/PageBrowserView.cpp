@@ -4,6 +4,7 @@
 // What the page browser shows: the categories with their counts, the listed pages with their
 // thumbnails (those near the view only), the chosen page's details, and which buttons act.
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateTime>
@@ -100,6 +101,9 @@ const PageFacts& PageBrowser::Facts(const std::string& file) {
 }
 
 void PageBrowser::ReadSomeFacts() {
+    // Not while a menu or another dialog is open: the lists must stay as chosen meanwhile.
+    QWidget* modal = QApplication::activeModalWidget();
+    if (QApplication::activePopupWidget() || (modal && modal != this)) return;
     // A few milliseconds at a time, so the window answers while a large library is read.
     QElapsedTimer clock;
     clock.start();

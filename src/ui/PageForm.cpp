@@ -100,7 +100,15 @@ void PageForm::SaveWindowPlace() {
 }
 
 void PageForm::OnTerminate() {
-    // As closing does, without asking: what is unsaved is kept as a recovery copy.
+    // As closing does, without asking: what is unsaved is kept as a recovery copy. Nobody is
+    // there to answer a message now (a value being typed that is refused, say).
+    struct Unattended : MessageService {
+        MsgAnswer Show(const std::string&, const std::string&, MsgButtons buttons,
+                       MsgIcon) override {
+            return FirstButton(buttons);
+        }
+    } unattended;
+    ScopedMessageService silence(unattended);
     EndNudgeRun();
     CommitPendingEdits();
     flow_.KeepRecoveryCopy();

@@ -226,6 +226,7 @@ PropertyPanel::Edit PropertyPanel::EditOf(int row) const {
     edit.Row = rows_.at(static_cast<size_t>(row));
     edit.Place.FormatIndex = state_.CurrentFormatIndex;
     edit.Place.ObjectIndex = state_.Selected() ? state_.SelectedObject : 0;
+    edit.Object = state_.Selected();
     return edit;
 }
 
@@ -269,16 +270,19 @@ bool PropertyPanel::ApplyText(int row, const QString& text) {
     return Apply(edit);
 }
 
-bool PropertyPanel::StillThere(const RowPlace& place) const {
+bool PropertyPanel::StillThere(const Edit& edit) const {
+    const RowPlace& place = edit.Place;
     if (!state_.Page || place.FormatIndex < 1 || place.FormatIndex > state_.Page->NumFormats())
         return false;
     std::shared_ptr<PageFormat> format = state_.Page->GetFormat(place.FormatIndex);
-    return format && place.ObjectIndex <= format->NumObjects();
+    if (!format || place.ObjectIndex > format->NumObjects()) return false;
+    // The same object, not another that has come to its place.
+    return place.ObjectIndex == 0 || format->Object(place.ObjectIndex) == edit.Object.lock();
 }
 
 bool PropertyPanel::Apply(const Edit& edit) {
     // The page changed under an edit left open (its object deleted, say): it is dropped.
-    if (!StillThere(edit.Place)) return false;
+    if (!StillThere(edit)) return false;
     const PropertyRow& r = edit.Row;
     const RowPlace& at = edit.Place;
     // Leaving a value as it is shown writes nothing: a rounded 0.5446 stays 0.54456824.

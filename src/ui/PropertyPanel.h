@@ -10,6 +10,7 @@
 #include <QString>
 #include <QWidget>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -25,6 +26,7 @@ namespace paginox {
 class EditorDialogs;
 class EditorState;
 class EditorHistory;
+class PageObject;
 
 class PropertyPanel : public QWidget {
     Q_OBJECT
@@ -71,10 +73,11 @@ class PropertyPanel : public QWidget {
     struct Edit {
         PropertyRow Row;
         RowPlace Place;
+        std::weak_ptr<PageObject> Object;  // the object itself, whatever its place becomes
         QString Text;
     };
     Edit EditOf(int row) const;
-    bool StillThere(const RowPlace& place) const;
+    bool StillThere(const Edit& edit) const;
     bool Apply(const Edit& edit);
     void ApplyStaged();
     void FillRows();

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <QSocketNotifier>
+#include <cerrno>
 #include <csignal>
 
 namespace paginox {
@@ -14,15 +15,19 @@ namespace {
 int gPipe[2] = {-1, -1};
 
 void Signalled(int) {
+    const int saved = errno;  // the interrupted code's
     char byte = 1;
     [[maybe_unused]] ssize_t written = ::write(gPipe[0], &byte, 1);
+    errno = saved;
 }
 
 }  // namespace
 
 TerminationSignal::TerminationSignal(std::function<void()> react, QObject* parent)
     : QObject(parent), react_(std::move(react)) {
-    if (::socketpair(AF_UNIX, SOCK_STREAM, 0, gPipe) != 0) return;
+    // Neither end ever blocks (a signal arriving often must not stop the handler), nor goes
+    // to programs started from here.
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0, gPipe) != 0) return;
     notifier_ = new QSocketNotifier(gPipe[1], QSocketNotifier::Read, this);
     connect(notifier_, &QSocketNotifier::activated, this, [this] {
         char byte = 0;

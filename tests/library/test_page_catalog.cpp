@@ -85,15 +85,17 @@ TEST_F(PageCatalogTest, NamesInAnyScriptSurviveEveryCommandAndTheFile) {
     blank.InitNewPage();
     ASSERT_EQ(catalog.NewPage("Новая", blank), "");
     ASSERT_EQ(catalog.DeletePage("日本.pag"), "");
+    // Names a line could mistake for a note or a mark keep their filing too.
+    ASSERT_EQ(catalog.RenamePage("Café.pag", "#1 Café"), "");
     EXPECT_FALSE(std::filesystem::exists(dir / "日本.pag"));
     EXPECT_TRUE(std::filesystem::exists(dir / "Ωmega 2.pag"));
     EXPECT_TRUE(std::filesystem::exists(dir / "Новая.pag"));
     EXPECT_EQ(test::ReadAll(dir / "PageCatalog.txt"),
               "# Paginox page catalogue: [Category] lines, then its page files.\n"
-              "\n[*Étoiles ✶]\n*Звезда.pag\nCaf\xE9.pag\n");
+              "\n[*Étoiles ✶]\n*Звезда.pag\n*#1 Café.pag\n");
     const std::string all =
         "Added Recently: Lunar.pag Natal.pag Solar.pag Ωmega 2.pag "
-        "Новая.pag 日本 copy.pag | Étoiles ✶: Звезда.pag Café.pag";
+        "Новая.pag 日本 copy.pag | Étoiles ✶: Звезда.pag #1 Café.pag";
     EXPECT_EQ(Shown(catalog), all);
     EXPECT_EQ(Shown(PageCatalog::Load(folder)), all);
 }

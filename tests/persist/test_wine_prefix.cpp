@@ -74,6 +74,10 @@ TEST(WinePrefix, WindowsPathsBothWaysWithoutLetterCase) {
               "C:\\users\\me\\Pictures\\sunburst.bmp");
     EXPECT_EQ(prefix.ToWindows(dir / "astro/Pages"), "D:\\Pages");
     EXPECT_EQ(prefix.ToWindows("/usr/share"), "Z:\\usr\\share");
+    // A file no drive holds is named \\?\unix\... and found again.
+    fs::remove(prefix.Root() + "/dosdevices/z:");
+    EXPECT_EQ(prefix.ToWindows("/usr/share"), "\\\\?\\unix\\usr\\share");
+    EXPECT_EQ(prefix.ToUnix("\\\\?\\unix\\usr\\share").value_or(""), "/usr/share");
 
     EXPECT_EQ(prefix.ShellFolder("personal").value_or(""), "C:\\users\\me\\Documents");
     EXPECT_EQ(prefix.ShellFolder("Local AppData").value_or(""), "C:\\users\\me\\AppData\\Local");
