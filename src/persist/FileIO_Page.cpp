@@ -282,6 +282,17 @@ std::string PageFileBytes(const PageClass& page) {
     return out.Bytes();
 }
 
+std::string ObjectRecordBytes(const PageObject& obj) {
+    ByteWriter out;
+    Write<Obj>(out, kObjectFields, obj);
+    return out.Bytes();
+}
+
+std::shared_ptr<PageObject> ReadObjectRecord(std::string_view bytes) {
+    if (bytes.size() != kObjectV4Length) Raise(kInvalidFileFormat);
+    return ReadObject(bytes, kPageFileVersion);
+}
+
 void WritePageFile(const std::string& fileName, const PageClass& page) {
     SaveFileAtomically(fileName, PageFileBytes(page));
 }

@@ -10,10 +10,12 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace paginox {
 
 class PageClass;
+class PageObject;
 
 inline constexpr int16_t kPageFileVersion = 4;
 inline constexpr size_t kPageHeaderLength = 349;
@@ -32,6 +34,11 @@ std::shared_ptr<PageClass> ReadPage(const std::string& fileName, int16_t formatI
 
 // The bytes of the page as a version 4 file.
 std::string PageFileBytes(const PageClass& page);
+
+// One object as a version 4 object record, and back, exact to the last bit: how objects
+// travel on the clipboard. Bytes of another length raise "Bad file format".
+std::string ObjectRecordBytes(const PageObject& obj);
+std::shared_ptr<PageObject> ReadObjectRecord(std::string_view bytes);
 
 // Writes the page as version 4, replacing the file only once the whole page is written. False
 // after the "Save Error" message; the old file is then as it was.

@@ -2,7 +2,7 @@
 #include <ostream>
 
 #include "model/PageObjectClasses.h"
-#include "tool/JsonWriter.h"
+#include "persist/JsonWriter.h"
 #include "tool/Tool.h"
 #include "tool/ToolCommands.h"
 

@@ -12,7 +12,7 @@
 #include "model/PageClass.h"
 #include "persist/FileIO_Page.h"
 #include "persist/Folders.h"
-#include "tool/JsonWriter.h"
+#include "persist/JsonWriter.h"
 #include "tool/Tool.h"
 #include "tool/ToolCommands.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tool/JsonWriter.h"
+#include "persist/JsonWriter.h"
 
 #include <cmath>
 #include <cstdio>
