@@ -14,7 +14,7 @@ EditorSnapshot::EditorSnapshot(const EditorState& state)
       page_(state.Page ? state.Page->Copy() : nullptr),
       savedPage_(state.SavedPage),
       formatIndex_(state.CurrentFormatIndex),
-      selectedObject_(state.SelectedObject),
+      selection_(state.Selection()),
       previousSelectedObject_(state.PreviousSelectedObject),
       pageChanged_(state.PageChanged),
       pendingReset_(state.PendingReset) {}
@@ -31,7 +31,7 @@ void EditorSnapshot::Restore(EditorState& state) const {
     if (state.Page && formatIndex_ >= 1 && formatIndex_ <= state.Page->NumFormats()) {
         state.SetCurrentFormat(formatIndex_);
     }
-    state.SelectedObject = selectedObject_;
+    state.Select(selection_);
     state.PreviousSelectedObject = previousSelectedObject_;
 }
 

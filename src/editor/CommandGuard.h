@@ -10,9 +10,10 @@
 #include <memory>
 #include <string>
 
+#include "editor/EditorState.h"
+
 namespace paginox {
 
-class EditorState;
 class PageClass;
 
 // What a command may change of the editor state, taken before it runs.
@@ -27,7 +28,7 @@ class EditorSnapshot {
     std::shared_ptr<PageClass> page_;  // a whole copy: the command changes the page in place
     std::shared_ptr<PageClass> savedPage_;
     int16_t formatIndex_ = 0;
-    int16_t selectedObject_ = 0;
+    ObjectSelection selection_;
     int16_t previousSelectedObject_ = 0;
     bool pageChanged_ = false;
     bool pendingReset_ = false;

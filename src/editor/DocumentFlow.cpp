@@ -49,7 +49,7 @@ void DocumentFlow::NewPage() {
     state_.Page = std::make_shared<PageClass>();
     state_.Page->InitNewPage();
     state_.SetCurrentFormat(1);
-    state_.SelectedObject = 0;
+    state_.SelectOnly(0);
     host_.PageReplaced();
     if (host_.WindowActive()) {
         ResetNewPage();
@@ -72,7 +72,7 @@ void DocumentFlow::OpenWorkFile() {
     if (recovery_) recovery_->Discard();
     state_.CurrentFormatIndex = 0;
     state_.CurrentFormat = nullptr;
-    state_.SelectedObject = 0;
+    state_.SelectOnly(0);
     RememberDiskFile();
     state_.Page = ReadPage(state_.CurrentFile, -1, true);
     state_.UnreadableFile = state_.Page ? std::string() : state_.CurrentFile;
@@ -249,7 +249,7 @@ void DocumentFlow::OfferRecoveredPages() {
         state_.Page = page;
         state_.CurrentFormatIndex = 0;
         state_.CurrentFormat = nullptr;
-        state_.SelectedObject = 0;
+        state_.SelectOnly(0);
         state_.SavedPage = std::make_shared<PageClass>();
         state_.SavedPage->InitNewPage();
         state_.UpdatePageChanged();

@@ -14,7 +14,7 @@ EditStep::EditStep(EditorHistory& history)
       state_(history.State()),
       block_(std::make_unique<RestoreBlock>(history.Setter())),
       formatIndex_(state_.CurrentFormatIndex),
-      selected_(state_.SelectedObject),
+      selected_(state_.Selection()),
       exceptions_(std::uncaught_exceptions()) {}
 
 EditStep::~EditStep() {

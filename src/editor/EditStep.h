@@ -9,12 +9,12 @@
 #include <cstdint>
 #include <memory>
 
+#include "editor/EditorState.h"
 #include "editor/RestoreBlock.h"
 
 namespace paginox {
 
 class EditorHistory;
-class EditorState;
 
 class EditStep {
   public:
@@ -39,7 +39,7 @@ class EditStep {
     EditorState& state_;
     std::unique_ptr<RestoreBlock> block_;
     int16_t formatIndex_;  // where the step was made
-    int16_t selected_;
+    ObjectSelection selected_;
     int exceptions_;  // uncaught when the step began
 };
 

@@ -24,7 +24,7 @@ void EditorHistory::Add(Step step) {
 }
 
 void EditorHistory::RecordProperties(std::unique_ptr<RestoreBlock> block, int16_t formatIndex,
-                                     int16_t selected) {
+                                     const ObjectSelection& selected) {
     if (!block || block->Count() == 0) return;
     Step step;
     step.Changes = std::move(block);
@@ -37,11 +37,11 @@ bool EditorHistory::Structural(const std::function<bool()>& change) {
     Step step;
     step.Before = state_.Page ? state_.Page->Copy() : nullptr;
     step.FormatBefore = state_.CurrentFormatIndex;
-    step.SelectedBefore = state_.SelectedObject;
+    step.SelectedBefore = state_.Selection();
     if (!change()) return false;
     step.After = state_.Page ? state_.Page->Copy() : nullptr;
     step.FormatAfter = state_.CurrentFormatIndex;
-    step.SelectedAfter = state_.SelectedObject;
+    step.SelectedAfter = state_.Selection();
     Add(std::move(step));
     return true;
 }
@@ -76,13 +76,11 @@ void EditorHistory::Replay(const Step& step, bool forward) {
          forward ? step.SelectedAfter : step.SelectedBefore);
 }
 
-void EditorHistory::Show(int16_t formatIndex, int16_t selected) {
+void EditorHistory::Show(int16_t formatIndex, const ObjectSelection& selected) {
     if (!state_.Page) return;
     if (formatIndex < 1 || formatIndex > state_.Page->NumFormats()) formatIndex = 1;
     if (formatIndex != state_.CurrentFormatIndex) state_.SetCurrentFormat(formatIndex);
-    bool exists =
-        state_.CurrentFormat && selected >= 1 && selected <= state_.CurrentFormat->NumObjects();
-    state_.SelectedObject = exists ? selected : 0;
+    state_.Select(selected);
     state_.PreviousSelectedObject = 0;  // the property list is shown afresh
 }
 

@@ -13,11 +13,11 @@
 #include <memory>
 #include <vector>
 
+#include "editor/EditorState.h"
 #include "editor/RestoreBlock.h"
 
 namespace paginox {
 
-class EditorState;
 class PageClass;
 
 class EditorHistory {
@@ -31,7 +31,7 @@ class EditorHistory {
     // Keeps block as one step, made while formatIndex and selected were shown; a block
     // without changes leaves no trace.
     void RecordProperties(std::unique_ptr<RestoreBlock> block, int16_t formatIndex,
-                          int16_t selected);
+                          const ObjectSelection& selected);
     // Runs change, which alters the page's structure, as one step; true when it changed.
     bool Structural(const std::function<bool()>& change);
 
@@ -62,13 +62,13 @@ class EditorHistory {
         std::shared_ptr<const PageClass> After;   // and after
         int16_t FormatBefore = 0;
         int16_t FormatAfter = 0;
-        int16_t SelectedBefore = 0;
-        int16_t SelectedAfter = 0;
+        ObjectSelection SelectedBefore;
+        ObjectSelection SelectedAfter;
     };
     void Add(Step step);
     void Replay(const Step& step, bool forward);
-    // Shows format index (when the page has it) with selected chosen (when it exists).
-    void Show(int16_t formatIndex, int16_t selected);
+    // Shows format index (when the page has it) with what of selected exists chosen.
+    void Show(int16_t formatIndex, const ObjectSelection& selected);
 
     EditorState& state_;
     std::vector<Step> steps_;

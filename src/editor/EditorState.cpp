@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/EditorState.h"
 
+#include <algorithm>
+
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
 #include "model/PageObject.h"
@@ -10,6 +12,42 @@ namespace paginox {
 void EditorState::SetCurrentFormat(int16_t index) {
     CurrentFormatIndex = index;
     CurrentFormat = Page ? Page->GetFormat(index) : nullptr;
+    AlsoSelected.clear();
+}
+
+std::vector<int16_t> EditorState::SelectedObjects() const {
+    std::vector<int16_t> all;
+    if (!Selected()) return all;
+    int16_t count = CurrentFormat->NumObjects();
+    all.push_back(SelectedObject);
+    for (int16_t k : AlsoSelected) {
+        if (k >= 1 && k <= count && CurrentFormat->Object(k)) all.push_back(k);
+    }
+    std::sort(all.begin(), all.end());
+    all.erase(std::unique(all.begin(), all.end()), all.end());
+    return all;
+}
+
+bool EditorState::IsSelected(int16_t k) const {
+    if (k < 1) return false;
+    return k == SelectedObject ||
+           (SelectedObject >= 1 &&
+            std::find(AlsoSelected.begin(), AlsoSelected.end(), k) != AlsoSelected.end());
+}
+
+void EditorState::SelectOnly(int16_t k) {
+    SelectedObject = k;
+    AlsoSelected.clear();
+}
+
+void EditorState::Select(const ObjectSelection& selection) {
+    int16_t count = CurrentFormat ? CurrentFormat->NumObjects() : 0;
+    auto exists = [count](int16_t k) { return k >= 1 && k <= count; };
+    SelectOnly(exists(selection.Primary) ? selection.Primary : 0);
+    if (SelectedObject == 0) return;
+    for (int16_t k : selection.Others) {
+        if (exists(k) && !IsSelected(k)) AlsoSelected.push_back(k);
+    }
 }
 
 std::shared_ptr<PageObject> EditorState::Selected() const {

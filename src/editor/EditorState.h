@@ -21,6 +21,14 @@ class PageClass;
 class PageFormat;
 class PageObject;
 
+// Which objects of the current format are selected: the primary one, whose marks and property
+// rows are shown, and the others selected with it, in the order they were added.
+struct ObjectSelection {
+    int16_t Primary = 0;
+    std::vector<int16_t> Others;
+    bool operator==(const ObjectSelection&) const = default;
+};
+
 class EditorState {
   public:
     // Full path of the open page file; empty for a page never saved.
@@ -41,6 +49,8 @@ class EditorState {
     // 1-based index into CurrentFormat; 0 = none.
     int16_t SelectedObject = 0;
     int16_t PreviousSelectedObject = 0;
+    // Objects selected beside SelectedObject (the primary); empty when it is 0.
+    std::vector<int16_t> AlsoSelected;
     // Last result of the change test; cleared after every save and load.
     bool PageChanged = false;
     // A new page was made while no window was active; activation finishes it.
@@ -60,10 +70,19 @@ class EditorState {
     // answer the mouse (a refresh leaves the last object's marks undrawn but in place).
     bool MarksShown = false;
 
-    // Makes format index of Page the current one (no validation, no selection change).
+    // Makes format index of Page the current one (no validation); a selection of several
+    // objects belonged to the other format and is dropped to its primary.
     void SetCurrentFormat(int16_t index);
     // The selected object of CurrentFormat, or nullptr when none is selected.
     std::shared_ptr<PageObject> Selected() const;
+    // Every selected object that exists, the primary included, in drawing order.
+    std::vector<int16_t> SelectedObjects() const;
+    bool IsSelected(int16_t k) const;
+    // k (0: none) becomes the one selected object.
+    void SelectOnly(int16_t k);
+    ObjectSelection Selection() const { return {SelectedObject, AlsoSelected}; }
+    // Selects what of selection exists in CurrentFormat.
+    void Select(const ObjectSelection& selection);
     // Grows the rectangle array to the format's object count, keeping what it holds.
     void GrowObjectRects();
     // Compares Page with SavedPage and stores the result in PageChanged.

@@ -60,7 +60,7 @@ void InsertObject(EditorState& state, const PageObjectClasses& classes, int16_t 
     state.CurrentFormat->AddObject(obj);
     state.GrowObjectRects();
     if (obj->NumCharts() > state.Page->NumCharts()) state.Page->SetNumCharts(obj->NumCharts());
-    state.SelectedObject = state.CurrentFormat->NumObjects();
+    state.SelectOnly(state.CurrentFormat->NumObjects());
 }
 
 std::string InsertErrorText(const std::string& description) {

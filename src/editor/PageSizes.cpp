@@ -109,7 +109,7 @@ AddedSize AddPageSize(EditorState& state, const PageFormat& working, FormatSize 
     AddedSize added = AddFormatOfSize(*state.Page, working, size);
     if (!added.Added) return added;
     state.SetCurrentFormat(added.Index);
-    state.SelectedObject = 0;
+    state.SelectOnly(0);
     state.PageChanged = true;
     return added;
 }
