@@ -11,6 +11,7 @@
 #include "editor/EditStep.h"
 #include "editor/EditorState.h"
 #include "editor/Properties.h"
+#include "editor/Snapping.h"
 #include "model/PageFormat.h"
 #include "model/PageObject.h"
 #include "model/PageObjectClass.h"
@@ -128,7 +129,8 @@ RectClass DraggedRect(const RectClass& rect, int16_t shape, int16_t dragMode, in
     return r;
 }
 
-PageObject LandedObject(const EditorState& state, int16_t dragMode, float dx, float dy) {
+PageObject LandedObject(const EditorState& state, int16_t dragMode, float dx, float dy,
+                        const DragSnap* snap) {
     std::shared_ptr<PageObject> obj = state.Selected();
     const RectClass& margin = state.Rects.Margin;
     RectClass moved = DraggedRect(state.Rects.Object(state.SelectedObject), obj->POClass().Shape(),
@@ -150,6 +152,16 @@ PageObject LandedObject(const EditorState& state, int16_t dragMode, float dx, fl
             float length = landed.Length(axis);
             if (origin < 0) length += origin, origin = 0;
             if (origin + length > 1) length = 1 - origin;
+            if (snap && snap->Axis[axis - 1].Snapped) {
+                // The pulled edge on its line; the other edge where it was.
+                double edge = snap->Axis[axis - 1].Fraction;
+                double low = obj->Origin(axis);
+                double high = low + obj->Length(axis);
+                bool pulledLow = dragMode == kHandleLeft || dragMode == kHandleTop ||
+                                 dragMode == kHandleTriangleLeft;
+                origin = static_cast<float>(pulledLow ? edge : low);
+                length = static_cast<float>(pulledLow ? high - edge : edge - low);
+            }
             landed.SetOrigin(axis, origin);
             landed.SetLength(axis, length);
         }
@@ -158,10 +170,11 @@ PageObject LandedObject(const EditorState& state, int16_t dragMode, float dx, fl
     return landed;
 }
 
-RectClass LandedOutline(const EditorState& state, int16_t dragMode, float dx, float dy) {
+RectClass LandedOutline(const EditorState& state, int16_t dragMode, float dx, float dy,
+                        const DragSnap* snap) {
     const RectClass& rect = state.Rects.Object(state.SelectedObject);
     int16_t shape = state.Selected()->POClass().Shape();
-    PageObject landed = LandedObject(state, dragMode, dx, dy);
+    PageObject landed = LandedObject(state, dragMode, dx, dy, snap);
     const RectClass& margin = state.Rects.Margin;
     RectClass outline = DraggedRect(rect, shape, dragMode, ToInt32(dx), ToInt32(dy));
     int32_t width = outline.Width();
@@ -178,50 +191,115 @@ RectClass LandedOutline(const EditorState& state, int16_t dragMode, float dx, fl
     return outline;
 }
 
-bool CommitDrag(EditorState& state, EditStep& step, int16_t dragMode, float dx, float dy) {
+namespace {
+
+// Objects moving together stop together: the group is shifted back onto the page as a
+// whole, then each object is kept on it as a lone object is.
+void KeepOnPage(const PageFormat& format, std::vector<MovedObject>& moved) {
+    for (int16_t axis = 1; axis <= 2; ++axis) {
+        auto at = [axis](MovedObject& m) -> float& { return axis == 1 ? m.X : m.Y; };
+        if (moved.size() >= 2) {
+            float below = 0;
+            float beyond = 0;
+            for (MovedObject& m : moved) {
+                float length = std::min(format.Object(m.Object)->Length(axis), 1.0f);
+                below = std::max(below, -at(m));
+                beyond = std::max(beyond, at(m) + length - 1);
+            }
+            float shift = below > 0 ? below : -beyond;
+            for (MovedObject& m : moved) at(m) += shift;
+        }
+        for (MovedObject& m : moved) {
+            PageObject kept;
+            kept.SetLength(axis, format.Object(m.Object)->Length(axis));
+            kept.SetOrigin(axis, at(m));
+            kept.ForceInsideFrame();
+            at(m) = kept.Origin(axis);
+        }
+    }
+}
+
+bool SetOrigins(EditorState& state, EditStep& step, const std::vector<MovedObject>& moved) {
+    bool changed = false;
+    for (const MovedObject& m : moved) {
+        changed = step.Set(kPropOrigin, m.X, state.CurrentFormatIndex, m.Object, 1) || changed;
+        changed = step.Set(kPropOrigin, m.Y, state.CurrentFormatIndex, m.Object, 2) || changed;
+    }
+    return changed;
+}
+
+}  // namespace
+
+std::vector<MovedObject> MovedSelection(const EditorState& state, float dx, float dy,
+                                        const DragSnap* snap) {
+    std::vector<MovedObject> moved;
+    const RectClass& margin = state.Rects.Margin;
+    for (int16_t k : state.SelectedObjects()) {
+        if (k > state.Rects.ObjectCount() || !state.Rects.IsPlaced(k)) continue;
+        const PageObject& obj = *state.CurrentFormat->Object(k);
+        const RectClass& rect = state.Rects.Object(k);
+        MovedObject m{k, margin.PropX(static_cast<float>(CheckedAdd(rect.Left(), ToInt32(dx)))),
+                      margin.PropY(static_cast<float>(CheckedAdd(rect.Top(), ToInt32(dy))))};
+        if (snap && snap->Axis[0].Snapped) m.X = float(obj.Origin(1) + snap->Axis[0].Fraction);
+        if (snap && snap->Axis[1].Snapped) m.Y = float(obj.Origin(2) + snap->Axis[1].Fraction);
+        moved.push_back(m);
+    }
+    KeepOnPage(*state.CurrentFormat, moved);
+    return moved;
+}
+
+std::vector<RectClass> MovedOutlines(const EditorState& state,
+                                     const std::vector<MovedObject>& moved) {
+    std::vector<RectClass> outlines;
+    const RectClass& margin = state.Rects.Margin;
+    for (const MovedObject& m : moved) {
+        RectClass r = state.Rects.Object(m.Object).Clone();
+        r.InitTo(ToInt32(margin.Left() + double(m.X) * margin.Width()),
+                 ToInt32(margin.Top() + double(m.Y) * margin.Height()), r.Width(), r.Height());
+        outlines.push_back(r);
+    }
+    return outlines;
+}
+
+bool CommitDrag(EditorState& state, EditStep& step, int16_t dragMode, float dx, float dy,
+                const DragSnap* snap) {
     std::shared_ptr<PageObject> obj = state.Selected();
     if (!obj || dragMode == kDragNone || IsClick(dx, dy)) return false;
+    if (dragMode == kDragMove) return SetOrigins(state, step, MovedSelection(state, dx, dy, snap));
     int16_t k = state.SelectedObject;
     int16_t f = state.CurrentFormatIndex;
-    PageObject landed = LandedObject(state, dragMode, dx, dy);
-    float originX = landed.Origin(1);
-    float originY = landed.Origin(2);
-    if (dragMode == kDragMove) {
-        bool changed = step.Set(kPropOrigin, originX, f, k, 1);
-        return step.Set(kPropOrigin, originY, f, k, 2) || changed;
-    }
-    const float newValues[4] = {originX, originY, landed.Length(1), landed.Length(2)};
+    PageObject landed = LandedObject(state, dragMode, dx, dy, snap);
     bool changed = false;
     for (int16_t axis = 1; axis <= 2; ++axis) {
         float oldOrigin = obj->Origin(axis);
         float oldLength = obj->Length(axis);
-        obj->SetOrigin(axis, newValues[axis - 1]);
-        obj->SetLength(axis, newValues[axis + 1]);
-        step.Record(kPropOrigin, oldOrigin, newValues[axis - 1], f, k, axis);
-        step.Record(kPropLength, oldLength, newValues[axis + 1], f, k, axis);
-        changed = changed || oldOrigin != newValues[axis - 1] || oldLength != newValues[axis + 1];
+        obj->SetOrigin(axis, landed.Origin(axis));
+        obj->SetLength(axis, landed.Length(axis));
+        step.Record(kPropOrigin, oldOrigin, landed.Origin(axis), f, k, axis);
+        step.Record(kPropLength, oldLength, landed.Length(axis), f, k, axis);
+        changed = changed || oldOrigin != landed.Origin(axis) || oldLength != landed.Length(axis);
     }
     return changed;
 }
 
 bool NudgeSelected(EditorState& state, EditStep& step, int32_t dx, int32_t dy) {
-    std::shared_ptr<PageObject> obj = state.Selected();
     const PageFormat* format = state.CurrentFormat.get();
-    if (!obj || !format) return false;
+    if (!state.Selected() || !format) return false;
     const int32_t by[2] = {dx, dy};
-    PageObject landed;
-    for (int16_t axis = 1; axis <= 2; ++axis) {
-        // Origins are fractions of the printable area.
-        double area = format->PrintablePixels(axis);
-        if (!(area > 0)) return false;
-        landed.SetLength(axis, obj->Length(axis));
-        landed.SetOrigin(axis, static_cast<float>(obj->Origin(axis) + by[axis - 1] / area));
+    std::vector<MovedObject> moved;
+    for (int16_t k : state.SelectedObjects()) {
+        const PageObject& obj = *format->Object(k);
+        float to[2];
+        for (int16_t axis = 1; axis <= 2; ++axis) {
+            // Origins are fractions of the printable area.
+            double area = format->PrintablePixels(axis);
+            if (!(area > 0)) return false;
+            to[axis - 1] = static_cast<float>(obj.Origin(axis) + by[axis - 1] / area);
+        }
+        moved.push_back({k, to[0], to[1]});
     }
-    landed.ForceInsideFrame();
-    int16_t f = state.CurrentFormatIndex;
-    int16_t k = state.SelectedObject;
-    bool changed = step.Set(kPropOrigin, landed.Origin(1), f, k, 1);
-    return step.Set(kPropOrigin, landed.Origin(2), f, k, 2) || changed;
+    KeepOnPage(*format, moved);
+    return SetOrigins(state, step, moved);
 }
 
 int16_t NeighbourObject(int16_t selected, int16_t count, bool forward) {

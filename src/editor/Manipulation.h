@@ -6,6 +6,7 @@
 // turns events into these calls and draws the feedback.
 
 #include <cstdint>
+#include <vector>
 
 #include "model/PageObject.h"
 #include "model/RectClass.h"
@@ -15,6 +16,7 @@ namespace paginox {
 class EditStep;
 class EditorState;
 class SelectionMarkSet;
+struct DragSnap;
 
 // What a press on the preview started: nothing, moving the selected object, or resizing it
 // by the handle of that code (HandleCode of SelectionMarkSet, 2 to 7).
@@ -62,18 +64,36 @@ RectClass DraggedRect(const RectClass& rect, int16_t shape, int16_t dragMode, in
                       int32_t dy);
 
 // Where a drag of the selected object by (dx, dy) leaves it: its Origin and Length as
-// fractions of the margin rectangle, kept on the page.
-PageObject LandedObject(const EditorState& state, int16_t dragMode, float dx, float dy);
+// fractions of the margin rectangle, kept on the page. A snapped resize puts the pulled edge
+// exactly on its line.
+PageObject LandedObject(const EditorState& state, int16_t dragMode, float dx, float dy,
+                        const DragSnap* snap = nullptr);
 // The same place in pixels of the preview, where the drag outline is drawn.
-RectClass LandedOutline(const EditorState& state, int16_t dragMode, float dx, float dy);
+RectClass LandedOutline(const EditorState& state, int16_t dragMode, float dx, float dy,
+                        const DragSnap* snap = nullptr);
 
-// Commits a drag of the selected object as one step. A move sets Origin through SetProperty,
-// once per axis; a resize writes Origin and Length directly and records them in the step.
-// Positions and sizes are fractions of the margin rectangle. A click changes nothing; false
-// when nothing changed.
-bool CommitDrag(EditorState& state, EditStep& step, int16_t dragMode, float dx, float dy);
+// Where a move by (dx, dy) leaves each selected object: its new Origin. Each object moves by
+// the offset from its own place on the preview, or by the snapped fraction exactly; the
+// objects move as one and stop together at the page's edges.
+struct MovedObject {
+    int16_t Object = 0;
+    float X = 0;
+    float Y = 0;
+};
+std::vector<MovedObject> MovedSelection(const EditorState& state, float dx, float dy,
+                                        const DragSnap* snap = nullptr);
+// Their outlines on the preview.
+std::vector<RectClass> MovedOutlines(const EditorState& state,
+                                     const std::vector<MovedObject>& moved);
 
-// Moves the selected object by (dx, dy) pixels of the current format, kept on the page as a
+// Commits a drag as one step. A move takes every selected object along and sets Origin
+// through SetProperty, once per axis and object; a resize of the selected object writes
+// Origin and Length directly and records them in the step. Positions and sizes are fractions
+// of the margin rectangle. A click changes nothing; false when nothing changed.
+bool CommitDrag(EditorState& state, EditStep& step, int16_t dragMode, float dx, float dy,
+                const DragSnap* snap = nullptr);
+
+// Moves the selected objects by (dx, dy) pixels of the current format, kept on the page as a
 // move is; the keyboard's nudge. False when nothing moved.
 bool NudgeSelected(EditorState& state, EditStep& step, int32_t dx, int32_t dy);
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/ObjectCommands.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "core/MessageService.h"
 #include "core/NumberFormat.h"
 #include "editor/EditStep.h"
@@ -14,14 +17,32 @@
 namespace paginox {
 
 bool CopySelectedObject(EditorState& state) {
-    std::shared_ptr<PageObject> source = state.Selected();
-    if (!source) return false;
-    std::shared_ptr<PageObject> copy = source->Clone();
-    state.CurrentFormat->AddObject(copy);
+    std::vector<int16_t> selected = state.SelectedObjects();
+    if (selected.empty()) return false;
+    PageFormat& format = *state.CurrentFormat;
+    // The copies keep their places to one another, the group's corner at the page's.
+    float corner[2] = {1, 1};
+    for (int16_t k : selected) {
+        for (int16_t axis = 1; axis <= 2; ++axis) {
+            corner[axis - 1] = std::min(corner[axis - 1], format.Object(k)->Origin(axis));
+        }
+    }
+    ObjectSelection copies;
+    for (int16_t k : selected) {
+        std::shared_ptr<PageObject> copy = format.Object(k)->Clone();
+        for (int16_t axis = 1; axis <= 2; ++axis) {
+            copy->SetOrigin(axis, copy->Origin(axis) - corner[axis - 1]);
+        }
+        format.AddObject(copy);
+        int16_t added = format.NumObjects();
+        if (k == state.SelectedObject) {
+            copies.Primary = added;
+        } else {
+            copies.Others.push_back(added);
+        }
+    }
     state.GrowObjectRects();
-    copy->SetOrigin(1, 0);
-    copy->SetOrigin(2, 0);
-    state.SelectedObject = state.CurrentFormat->NumObjects();
+    state.Select(copies);
     return true;
 }
 
@@ -47,17 +68,50 @@ bool DeleteObject(EditorState& state, int16_t index, bool confirm) {
         }
     }
     state.CurrentFormat->DeleteObject(index);
-    state.SelectedObject = 0;
+    state.SelectOnly(0);
+    state.Page->SetNumCharts(state.Page->MaxNumCharts());
+    return true;
+}
+
+bool DeleteSelectedObjects(EditorState& state) {
+    std::vector<int16_t> selected = state.SelectedObjects();
+    if (selected.size() < 2) return DeleteObject(state, state.SelectedObject, false);
+    // From the top down, so that the indices still to go stay where they were.
+    for (auto k = selected.rbegin(); k != selected.rend(); ++k) {
+        state.CurrentFormat->DeleteObject(*k);
+    }
+    state.SelectOnly(0);
     state.Page->SetNumCharts(state.Page->MaxNumCharts());
     return true;
 }
 
 namespace {
+// The selected objects, in their own order, go in front of the others or behind them.
 bool MoveSelectedTo(EditorState& state, bool front) {
-    if (!state.Selected()) return false;
-    int16_t to = front ? state.CurrentFormat->NumObjects() : 1;
-    state.CurrentFormat->MoveObject(state.SelectedObject, to);
-    state.SelectedObject = to;
+    std::vector<int16_t> selected = state.SelectedObjects();
+    if (selected.empty()) return false;
+    PageFormat& format = *state.CurrentFormat;
+    std::vector<std::shared_ptr<PageObject>> chosen, rest;
+    for (int16_t k = 1; k <= format.NumObjects(); ++k) {
+        (state.IsSelected(k) ? chosen : rest).push_back(format.Object(k));
+    }
+    std::vector<std::shared_ptr<PageObject>>& first = front ? rest : chosen;
+    std::vector<std::shared_ptr<PageObject>>& second = front ? chosen : rest;
+    ObjectSelection moved;
+    std::shared_ptr<PageObject> primary = state.Selected();
+    int16_t k = 0;
+    for (auto* group : {&first, &second}) {
+        for (std::shared_ptr<PageObject>& obj : *group) {
+            format.SetObject(++k, obj);
+            if (group != &chosen) continue;
+            if (obj == primary) {
+                moved.Primary = k;
+            } else {
+                moved.Others.push_back(k);
+            }
+        }
+    }
+    state.Select(moved);
     return true;
 }
 }  // namespace

@@ -12,17 +12,19 @@ namespace paginox {
 class EditStep;
 class EditorState;
 
-// A copy of the selected object at the page's top-left corner, selected. False without a
-// selection.
+// Copies of the selected objects, in front, placed as they were to one another with their
+// group's corner at the page's top-left corner, and selected. False without a selection.
 bool CopySelectedObject(EditorState& state);
 
 // Deletes object index of the current format, asking first when confirm is set. An index
 // outside the format shows "You must select an object before it can be deleted.". The page's
 // chart count follows the charts still in use. True when the object was deleted.
 bool DeleteObject(EditorState& state, int16_t index, bool confirm);
+// Deletes every selected object, without asking; with one selected, as DeleteObject.
+bool DeleteSelectedObjects(EditorState& state);
 
-// Moves the selected object to the front (drawn last) or the back (drawn first); the
-// selection follows it. False without a selection.
+// Moves the selected objects to the front (drawn last) or the back (drawn first), keeping
+// their order among themselves; the selection follows them. False without a selection.
 bool MoveSelectedToFront(EditorState& state);
 bool MoveSelectedToBack(EditorState& state);
 

@@ -6,6 +6,7 @@
 #include "editor/EditorState.h"
 #include "editor/ObjectCommands.h"
 #include "editor/PropertyRows.h"
+#include "editor/Selection.h"
 #include "model/PageFormat.h"
 #include "model/PageObject.h"
 
@@ -49,16 +50,20 @@ std::string PointerReadout(const EditorState& state, float x, float y) {
 std::string SelectionReadout(const EditorState& state) {
     std::shared_ptr<PageObject> obj = state.Selected();
     if (!obj) return "";
-    std::string caption = ObjectCaption(state, state.SelectedObject);
+    size_t count = state.SelectedObjects().size();
+    std::optional<FractionBox> box = SelectionBox(state);
+    std::string caption = count >= 2 ? std::to_string(count) + " objects selected"
+                                     : ObjectCaption(state, state.SelectedObject);
     const PageFormat* format = state.CurrentFormat.get();
-    if (!format) return caption;
+    if (!format || !box) return caption;
     // From the model, not the drawing, so that a nudge of one pixel shows as one.
     std::string corner, extent;
     for (int16_t axis = 1; axis <= 2; ++axis) {
         double area = format->PrintablePixels(axis);
-        double start =
-            format->AxisPixels(axis) * format->Margin(axis, 1) + area * obj->Origin(axis);
-        double length = area * obj->Length(axis);
+        double low = axis == 1 ? box->Left : box->Top;
+        double high = axis == 1 ? box->Right : box->Bottom;
+        double start = format->AxisPixels(axis) * format->Margin(axis, 1) + area * low;
+        double length = area * (high - low);
         if (!std::isfinite(start) || !std::isfinite(length)) return caption;
         corner += (axis == 1 ? "" : ", ") + Pixels(start);
         extent += (axis == 1 ? "" : " x ") + Pixels(length);

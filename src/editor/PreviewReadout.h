@@ -15,7 +15,8 @@ class EditorState;
 std::string PointerReadout(const EditorState& state, float x, float y);
 
 // "Object 2: Point List at 120, 80 px, 300 x 200 px": the selected object's caption, its
-// top-left corner and its size (Anchor and Size) in format pixels. Empty with nothing selected.
+// top-left corner and its size (Anchor and Size) in format pixels; with several selected,
+// "3 objects selected at ..." and the box round them. Empty with nothing selected.
 std::string SelectionReadout(const EditorState& state);
 
 }  // namespace paginox

@@ -56,6 +56,14 @@ class ScriptedDialogs : public EditorDialogs {
         return Next(Choices);
     }
     PrinterAccess& Printer() override { return Printers; }
+    // The layout preview: what it showed, answered with ApproveLayouts.
+    bool ApproveLayouts = true;
+    std::vector<LayoutView> LayoutShown;
+    bool ApproveLayout(QWidget*, const QString&, const QString&,
+                       const std::vector<LayoutView>& views) override {
+        LayoutShown = views;
+        return ApproveLayouts;
+    }
 
   private:
     template <class T>
@@ -120,13 +128,19 @@ class PageFormFixture {
         if (QAction* a = Child(action)) a->trigger();
         QApplication::processEvents();
     }
-    // A press, a move in two steps and a release with the left button.
-    void Drag(QPoint from, QPoint to) {
-        QTest::mousePress(Preview(), Qt::LeftButton, {}, from);
-        QTest::mouseMove(Preview(), (from + to) / 2);
-        QTest::mouseMove(Preview(), to);
-        QTest::mouseRelease(Preview(), Qt::LeftButton, {}, to);
+    // A press, a move in two steps and a release with the left button, keys held throughout
+    // (Alt: no snapping).
+    void Drag(QPoint from, QPoint to, Qt::KeyboardModifiers keys = Qt::NoModifier) {
+        QTest::mousePress(Preview(), Qt::LeftButton, keys, from);
+        MoveHeld((from + to) / 2, keys);
+        MoveHeld(to, keys);
+        QTest::mouseRelease(Preview(), Qt::LeftButton, keys, to);
         QApplication::processEvents();
+    }
+    void MoveHeld(QPoint at, Qt::KeyboardModifiers keys) {
+        QMouseEvent move(QEvent::MouseMove, QPointF(at), Preview()->mapToGlobal(QPointF(at)),
+                         Qt::NoButton, Qt::LeftButton, keys);
+        QApplication::sendEvent(Preview(), &move);
     }
     // Hovers with no button held, as the pointer passing over the preview does.
     void Hover(QPoint at) {

@@ -58,7 +58,8 @@ TEST(PageForm, DragMovesUndoAndRedo) {
     int16_t k = fx.FirstOfShape(kShapeBox);
     const RectClass before = fx.Rect(k);
     const float origin1 = fx.Object(k).Origin(1);
-    fx.Drag(fx.Inside(k), fx.Inside(k) + QPoint(-30, 20));
+    // Alt held: the move's own arithmetic, nothing snapped.
+    fx.Drag(fx.Inside(k), fx.Inside(k) + QPoint(-30, 20), Qt::AltModifier);
     EXPECT_FLOAT_EQ(fx.Object(k).Origin(2), fx.state.Rects.Margin.PropY(before.Top() + 20.0f));
     EXPECT_EQ(fx.Rect(k).Left(), before.Left() - 30);  // drawn where it was dropped
     auto menus = [&] {

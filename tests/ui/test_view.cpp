@@ -47,14 +47,14 @@ TEST(View, ZoomKeepsHitTestsAndDragsExact) {
     EXPECT_TRUE(scroll->horizontalScrollBar()->maximum() > 0);
 
     // Scrolled to the aspect grid, a click there selects it, and a drag of 25 screen pixels
-    // moves it by 20 format pixels.
+    // (Alt held: unsnapped) moves it by 20 format pixels.
     int16_t grid = fx.FirstOfShape(kShapeTriangle);
     scroll->ensureVisible(fx.Inside(grid).x(), fx.Inside(grid).y(), 80, 80);
     test::SettleEvents();
     fx.Click(grid);
     ASSERT_EQ(fx.state.SelectedObject, grid);
     QString before = Corner(fx);
-    fx.Drag(fx.Inside(grid), fx.Inside(grid) + QPoint(25, 0));
+    fx.Drag(fx.Inside(grid), fx.Inside(grid) + QPoint(25, 0), Qt::AltModifier);
     EXPECT_EQ(Corner(fx).section(", ", 0, 0).toInt() - before.section(", ", 0, 0).toInt(), 20);
 
     // Ctrl+wheel zooms about the pointer: the page point under it stays put.
