@@ -10,6 +10,7 @@
 
 #include "editor/FileRoutines.h"
 #include "editor/QtText.h"
+#include "ui/LayoutPreviewDialog.h"
 
 namespace paginox {
 
@@ -75,6 +76,12 @@ std::optional<int> QtDialogs::ChooseItem(QWidget* parent, const QString& title,
     QString item = QInputDialog::getItem(parent, title, label, items, 0, false, &ok);
     if (!ok) return std::nullopt;
     return static_cast<int>(items.indexOf(item));
+}
+
+bool QtDialogs::ApproveLayout(QWidget* parent, const QString& title, const QString& text,
+                              const std::vector<LayoutView>& views) {
+    LayoutPreviewDialog dialog(title, text, views, parent);
+    return dialog.exec() == QDialog::Accepted;
 }
 
 }  // namespace paginox

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The standard dialogs the editor asks the user through: files, list choices and the
-// printer. The window holds one of these, so tests answer the dialogs without showing any.
+// The standard dialogs the editor asks the user through: files, list choices, the printer
+// and the preview of a change to several page sizes. The window holds one of these, so tests answer the dialogs without showing any.
 
+#include <QImage>
 #include <QStringList>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "ui/QtPrinterAccess.h"
 
@@ -23,6 +25,13 @@ struct FileDialogSpec {
     std::string FileName;       // the name it proposes (native), may be empty
 };
 
+// One page size as a layout command would leave it, beside how it is now.
+struct LayoutView {
+    QString Caption;
+    QImage Before;
+    QImage After;
+};
+
 class EditorDialogs {
   public:
     virtual ~EditorDialogs() = default;
@@ -35,6 +44,9 @@ class EditorDialogs {
                                           const QString& label, const QStringList& items) = 0;
     // The printer the page size dialog asks for its page and setup.
     virtual PrinterAccess& Printer() = 0;
+    // Shows what a layout command would change; true to apply it.
+    virtual bool ApproveLayout(QWidget* parent, const QString& title, const QString& text,
+                               const std::vector<LayoutView>& views) = 0;
 };
 
 // The real dialogs.
@@ -45,6 +57,8 @@ class QtDialogs : public EditorDialogs {
     std::optional<int> ChooseItem(QWidget* parent, const QString& title, const QString& label,
                                   const QStringList& items) override;
     PrinterAccess& Printer() override { return printer_; }
+    bool ApproveLayout(QWidget* parent, const QString& title, const QString& text,
+                       const std::vector<LayoutView>& views) override;
 
   private:
     QtPrinterAccess printer_;

@@ -60,6 +60,7 @@ PageForm::PageForm(EditorState& state, EditorDialogs& dialogs, QWidget* parent)
     setAcceptDrops(true);  // a page file dropped on the window is opened
     BuildControls();
     BuildMenus();
+    LoadGridSettings();
     TwipsPerPixel tpp = ScreenTwipsPerPixel();
     setMinimumSize(static_cast<int>(kMinWidthTwips / tpp.X),
                    static_cast<int>(kMinHeightTwips / tpp.Y));
@@ -324,7 +325,7 @@ void PageForm::SizeRowClicked(int row) {
     int16_t index = static_cast<int16_t>(row + 1);
     if (index == state_.CurrentFormatIndex) return;
     state_.SetCurrentFormat(index);
-    state_.SelectedObject = 0;
+    state_.SelectOnly(0);
     if (state_.CurrentFormat) state_.CurrentFormat->ValidatePage();
     RefreshUI(true);
 }

@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "editor/CommandLine.h"
 #include "editor/DocumentFlow.h"
@@ -33,6 +34,7 @@ namespace paginox {
 class EditorDialogs;
 class EditorState;
 class RecoveryStore;
+class PageClass;
 class PreviewWidget;
 class PropertyPanel;
 
@@ -108,6 +110,13 @@ class PageForm : public QMainWindow, private DocumentHost {
     void BuildMenus();
     void BuildFileMenu();
     void BuildViewMenu();
+    // The commands on several objects: the Edit menu's clipboard and Select All, the Object
+    // menu's Arrange submenu and Copy to All Page Sizes, Page > Copy Layout From, and the
+    // View menu's grid.
+    void BuildClipboardActions(QMenu* edit);
+    void BuildArrangeMenu();
+    void BuildGridActions(QMenu* view);
+    void UpdateArrangeState();
     void ConnectPreview();
     QAction* AddAction(QMenu* menu, const char* name, const QString& text,
                        std::function<void()> handler);
@@ -157,6 +166,19 @@ class PageForm : public QMainWindow, private DocumentHost {
     void AlignObject();
     void PositionObject();
     void EditColumns();
+    void SelectAllObjects();
+    // Runs an arrangement of the selection as one undo step.
+    void Arrange(const std::function<bool(EditStep&)>& change);
+    void CopyToClipboard(bool cut);
+    void PasteFromClipboard();
+    void CopyToAllSizes();
+    void CopyLayoutFromSize();
+    // Shows the page sizes a layout command changes, as they would be; true to go ahead.
+    bool ConfirmLayout(const QString& title, const PageClass& after,
+                       const std::vector<int16_t>& changed);
+    void ChooseGridSpacing();
+    void LoadGridSettings();
+    void SaveGridSettings();
     void UndoOrRedo(bool redo);
     void HelpContents();
     void ShowPageSummary();
@@ -193,6 +215,7 @@ class PageForm : public QMainWindow, private DocumentHost {
     QLabel* drawNote_ = nullptr;
     PropertyPanel* properties_ = nullptr;
     QMenu* objectMenu_ = nullptr;
+    QMenu* arrangeMenu_ = nullptr;
     QMenu* pageMenu_ = nullptr;
     QMenu* debugMenu_ = nullptr;
 };

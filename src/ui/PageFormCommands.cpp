@@ -51,7 +51,8 @@ constexpr const char* kHelpFileName = "veltrane.chm";
 
 void PageForm::ObjectChosen(int16_t index) {
     if (!objectClickUpdate_) return;
-    state_.SelectedObject = index;
+    // Another object chosen in the list is chosen alone; the primary one keeps the selection.
+    if (index != state_.SelectedObject) state_.SelectOnly(index);
     RefreshUI(false);
     preview_->DrawMarksDirectly();
     properties_->RebuildRows();
@@ -103,6 +104,11 @@ void PageForm::PreviewPopup(const QPoint& globalPos) {
         }
         popup.addAction(action);
     }
+    popup.addSeparator();
+    for (const char* name : {"mnuEditCut", "mnuEditCopy", "mnuEditPaste"}) {
+        popup.addAction(findChild<QAction*>(name));
+    }
+    popup.addMenu(arrangeMenu_);
     ShowPopup(popup, globalPos);
 }
 
@@ -202,7 +208,12 @@ void PageForm::CopyObject() {
 
 void PageForm::DeleteSelectedObject() {
     int16_t index = static_cast<int16_t>(properties_->ObjectSelector()->currentIndex());
-    if (!history_.Structural([&] { return DeleteObject(state_, index, false); })) return;
+    bool several = state_.SelectedObjects().size() > 1;
+    if (!history_.Structural([&] {
+            return several ? DeleteSelectedObjects(state_) : DeleteObject(state_, index, false);
+        })) {
+        return;
+    }
     RefreshUI(true);
     properties_->EditColumnsButton()->setEnabled(false);
 }

@@ -99,6 +99,7 @@ void PageForm::BuildViewMenu() {
     zoomAction(
         "mnuViewActual", "&Actual Size", {Qt::CTRL | Qt::Key_1}, [this] { zoom_.SetFactor(1.0); },
         true);
+    BuildGridActions(view);
 }
 
 void PageForm::BuildMenus() {
@@ -112,6 +113,7 @@ void PageForm::BuildMenus() {
     AddAction(edit, "mnuRedo", "&Redo", [this] {
         UndoOrRedo(true);
     })->setShortcuts(StandardKeys(QKeySequence::Redo, Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+    BuildClipboardActions(edit);
     edit->addSeparator();
     AddAction(edit, "mnuEditDesc", "Page &Description", [this] { description_->setFocus(); });
 
@@ -138,6 +140,7 @@ void PageForm::BuildMenus() {
     AddAction(objectMenu_, "mnuPopupMoveToBack", "Move to &Back", [this] { MoveToFront(false); });
     AddAction(objectMenu_, "mnuPopupAlign", "A&lign...", [this] { AlignObject(); });
     AddAction(objectMenu_, "mnuPopupPos", "&Position...", [this] { PositionObject(); });
+    BuildArrangeMenu();
 
     QMenu* help = menuBar()->addMenu("&Help");
     help->setObjectName("mnuHelp");
@@ -172,6 +175,7 @@ void PageForm::UpdateMenuState() {
     }
     findChild<QAction*>("mnuPopupEditFlexible")
         ->setEnabled(obj && obj->POClass().HasFlexibleListColumns());
+    UpdateArrangeState();
 }
 
 }  // namespace paginox

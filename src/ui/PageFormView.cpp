@@ -170,7 +170,7 @@ void PageForm::EndNudgeRun() {
 
 void PageForm::SelectNeighbour(bool forward) {
     int16_t count = state_.CurrentFormat ? state_.CurrentFormat->NumObjects() : 0;
-    state_.SelectedObject = NeighbourObject(state_.SelectedObject, count, forward);
+    state_.SelectOnly(NeighbourObject(state_.SelectedObject, count, forward));
     PreviewSelectionMade();
 }
 

@@ -5,11 +5,13 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
+#include <cmath>
 
 #include "core/Rounding.h"
 #include "editor/EditorState.h"
 #include "editor/Manipulation.h"
 #include "editor/QtText.h"
+#include "editor/Selection.h"
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
 #include "model/PageObject.h"
@@ -23,7 +25,6 @@ namespace {
 
 // The margin frame leaves this colour in force; the marks are drawn in it.
 constexpr int32_t kMarkColour = Rgb(192, 192, 192);
-constexpr int32_t kDragOutlineColour = Rgb(0, 0, 0);
 
 Qt::CursorShape CursorFor(int16_t pointer) {
     switch (pointer) {
@@ -70,6 +71,7 @@ QRect PreviewWidget::InView() const {
 void PreviewWidget::Redraw() {
     DrawPage();
     outline_.reset();
+    moveOutlines_.clear();
     update();
 }
 
@@ -138,24 +140,15 @@ void PreviewWidget::EndDrag() {
     dragMode_ = kDragNone;
     mouseIsDown_ = false;
     outline_.reset();
+    moveOutlines_.clear();
+    band_.reset();
+    banding_ = false;
+    targets_.reset();
+    choiceOnRelease_ = 0;
 }
 
 void PreviewWidget::SetPointer(int16_t pointer) {
     setCursor(CursorFor(pointer));
-}
-
-void PreviewWidget::paintEvent(QPaintEvent*) {
-    // The view may have grown since the last drawing (scroll bars gone, say): draw what it shows.
-    if (QRect(pageOrigin_, page_.deviceIndependentSize().toSize()) != InView()) DrawPage();
-    QPainter painter(this);
-    painter.drawPixmap(pageOrigin_, page_);
-    if (!outline_) return;
-    QtSurface surface(painter, WidgetScale());
-    surface.SetDrawWidth(1);
-    surface.SetDrawStyle(kLineDash);
-    surface.SetFillStyle(kFillTransparent);
-    surface.SetForeColor(kDragOutlineColour);
-    outline_->DrawShape(surface, outlineShape_);
 }
 
 void PreviewWidget::resizeEvent(QResizeEvent*) {
@@ -242,26 +235,68 @@ void PreviewWidget::mousePressEvent(QMouseEvent* event) {
         return;
     }
     emit pressed();
-    int16_t hit = HitTestObjects(state_, x, y);
-    if (right) {
-        if (hit == 0) return;
-        state_.SelectedObject = hit;
-        emit selectionMade();
-        emit popupRequested(event->globalPosition().toPoint());
+    if (!right) {
+        PressLeft(x, y, event->modifiers());
         return;
     }
-    state_.SelectedObject = hit;
+    int16_t hit = HitTestObjects(state_, x, y);
+    if (hit == 0) return;
+    // The menu acts on the selection the object is in, or on the object alone.
+    if (!state_.IsSelected(hit)) state_.SelectOnly(hit);
+    emit selectionMade();
+    emit popupRequested(event->globalPosition().toPoint());
+}
+
+void PreviewWidget::PressLeft(float x, float y, Qt::KeyboardModifiers modifiers) {
+    int16_t hit = HitTestObjects(state_, x, y);
+    bool adding = modifiers & (Qt::ShiftModifier | Qt::ControlModifier);
+    if (adding && hit != 0) {
+        ToggleSelected(state_, hit);
+    } else if (hit != 0 && state_.IsSelected(hit) && state_.SelectedObjects().size() > 1) {
+        choiceOnRelease_ = hit;  // the press may start a move of them all
+    } else if (!adding) {
+        state_.SelectOnly(hit);
+    }
     if (hit == 0) {
-        state_.PreviousSelectedObject = 0;
+        if (!adding) state_.PreviousSelectedObject = 0;
         dragMode_ = kDragNone;
+        banding_ = true;
     } else {
-        dragMode_ = kDragMove;
+        dragMode_ = state_.IsSelected(hit) ? int16_t(kDragMove) : int16_t(kDragNone);
     }
     downX_ = x;
     downY_ = y;
     // Marked down before the selection is shown: the refresh it causes keeps the drag.
     mouseIsDown_ = true;
     emit selectionMade();
+}
+
+RectClass PreviewWidget::Band(float x, float y) const {
+    RectClass band;
+    band.InitTo(ToInt32(std::min(x, downX_)), ToInt32(std::min(y, downY_)),
+                ToInt32(std::fabs(x - downX_)), ToInt32(std::fabs(y - downY_)));
+    return band;
+}
+
+void PreviewWidget::FollowDrag(float x, float y, Qt::KeyboardModifiers modifiers) {
+    if (!targets_) targets_.emplace(state_);
+    SnapSettings settings = snapping_;
+    if (modifiers & Qt::AltModifier) settings.Objects = settings.ToGrid = false;
+    snap_ = SnapDrag(state_, *targets_, settings, dragMode_, ToInt32(x - downX_),
+                     ToInt32(y - downY_));
+    if (dragMode_ == kDragMove) {
+        std::vector<MovedObject> moved =
+            MovedSelection(state_, float(snap_.Dx), float(snap_.Dy), &snap_);
+        std::vector<RectClass> outlines = MovedOutlines(state_, moved);
+        moveOutlines_.clear();
+        for (size_t i = 0; i < moved.size(); ++i) {
+            moveOutlines_.emplace_back(outlines[i],
+                                       state_.CurrentFormat->POClass(moved[i].Object).Shape());
+        }
+    } else {
+        outlineShape_ = state_.Selected()->POClass().Shape();
+        outline_ = LandedOutline(state_, dragMode_, float(snap_.Dx), float(snap_.Dy), &snap_);
+    }
 }
 
 void PreviewWidget::mouseMoveEvent(QMouseEvent* event) {
@@ -272,10 +307,15 @@ void PreviewWidget::mouseMoveEvent(QMouseEvent* event) {
         panFrom_ = now;
         return;
     }
-    std::shared_ptr<PageObject> obj = state_.Selected();
-    if (!obj) return;
     float x = static_cast<float>(event->position().x());
     float y = static_cast<float>(event->position().y());
+    if (banding_ && mouseIsDown_ && (event->buttons() & Qt::LeftButton)) {
+        band_ = Band(x, y);
+        update();
+        return;
+    }
+    std::shared_ptr<PageObject> obj = state_.Selected();
+    if (!obj) return;
     if (event->buttons() == Qt::NoButton) {
         int16_t mark = state_.MarksShown ? MarkAt(state_.SelectionMarks, x, y) : int16_t(kDragNone);
         dragMode_ = mark;
@@ -285,8 +325,18 @@ void PreviewWidget::mouseMoveEvent(QMouseEvent* event) {
     if (!(event->buttons() & Qt::LeftButton) || !mouseIsDown_ || dragMode_ == kDragNone) return;
     if (state_.SelectedObject > state_.Rects.ObjectCount()) return;
     if (dragMode_ == kDragMove) SetPointer(kPointerSizeAll);
-    outlineShape_ = obj->POClass().Shape();
-    outline_ = LandedOutline(state_, dragMode_, x - downX_, y - downY_);
+    FollowDrag(x, y, event->modifiers());
+    update();
+}
+
+void PreviewWidget::FinishBand(float x, float y, Qt::KeyboardModifiers modifiers) {
+    bool adding = modifiers & (Qt::ShiftModifier | Qt::ControlModifier);
+    bool dragged = !IsClick(x - downX_, y - downY_);
+    EndDrag();
+    if (dragged) {
+        SelectTouching(state_, Band(x, y), adding);
+        emit selectionMade();
+    }
     update();
 }
 
@@ -296,20 +346,32 @@ void PreviewWidget::mouseReleaseEvent(QMouseEvent* event) {
         SetPointer(kPointerDefault);
         return;
     }
+    float x = static_cast<float>(event->position().x());
+    float y = static_cast<float>(event->position().y());
+    if (event->button() == Qt::LeftButton && banding_) {
+        FinishBand(x, y, event->modifiers());
+        return;
+    }
     if (event->button() != Qt::LeftButton || state_.SelectedObject < 1 || !mouseIsDown_) {
         if (event->button() == Qt::LeftButton) EndDrag();
         return;
     }
-    float dx = static_cast<float>(event->position().x()) - downX_;
-    float dy = static_cast<float>(event->position().y()) - downY_;
+    float dx = x - downX_;
+    float dy = y - downY_;
     int16_t mode = dragMode_;
+    int16_t choice = choiceOnRelease_;
+    if (!IsClick(dx, dy) && mode != kDragNone) FollowDrag(x, y, event->modifiers());
     EndDrag();
-    if (IsClick(dx, dy)) {
+    if (IsClick(dx, dy) || mode == kDragNone) {
+        if (choice != 0 && IsClick(dx, dy)) {
+            state_.SelectOnly(choice);
+            emit selectionMade();
+        }
         update();
         DrawMarksDirectly();
         return;
     }
-    emit dragFinished(mode, dx, dy);
+    emit dragFinished(mode, float(snap_.Dx), float(snap_.Dy));
 }
 
 }  // namespace paginox

@@ -11,7 +11,10 @@
 #include <QWidget>
 #include <cstdint>
 #include <optional>
+#include <utility>
+#include <vector>
 
+#include "editor/Snapping.h"
 #include "model/RectClass.h"
 
 namespace paginox {
@@ -32,6 +35,10 @@ class PreviewWidget : public QWidget {
     void AbandonDrag();
 
     int16_t DragMode() const { return dragMode_; }
+    // How drags snap, and whether the grid is drawn; the window keeps them.
+    SnapSettings& Snapping() { return snapping_; }
+    // How the drag just finished snapped: its offset and the lines it met.
+    const DragSnap& FinishedSnap() const { return snap_; }
     bool MouseIsDown() const { return mouseIsDown_; }
     // The drawn page, as the user sees it without the drag outline: the part in view.
     const QPixmap& PagePixmap() const { return page_; }
@@ -41,13 +48,14 @@ class PreviewWidget : public QWidget {
     const QString& DrawNote() const { return drawNote_; }
 
   signals:
-    // A press selected SelectedObject (0: none); the window shows the selection.
+    // A press or a band chose the selection (SelectedObject 0: none); the window shows it.
     void selectionMade();
     // A right-button press selected an object: its menu is wanted at the global position.
     void popupRequested(const QPoint& globalPos);
     // A press started on the preview: the column editor no longer applies.
     void pressed();
-    // The button went up after a drag of the selected object by (dx, dy) pixels.
+    // The button went up after a drag of the selection (or a handle of the selected object)
+    // by (dx, dy) pixels, snapped as FinishedSnap says.
     void dragFinished(int16_t dragMode, float dx, float dy);
     // The last drawing left a different note (DrawNote).
     void drawNoteChanged(const QString& note);
@@ -76,6 +84,16 @@ class PreviewWidget : public QWidget {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
+    // A left press: on an object, chosen (added or removed with Shift or Ctrl) and ready to
+    // move; on the empty page, a band starts.
+    void PressLeft(float x, float y, Qt::KeyboardModifiers modifiers);
+    // The drag's place at the pointer: snapped unless Alt is held.
+    void FollowDrag(float x, float y, Qt::KeyboardModifiers modifiers);
+    void FinishBand(float x, float y, Qt::KeyboardModifiers modifiers);
+    RectClass Band(float x, float y) const;
+    // What is painted over the drawn page: grid, other selected objects, band, drag outlines,
+    // guides.
+    void PaintOverlay(QPainter& painter);
     void SetPointer(int16_t pointer);
     void EndDrag();
     // Draws the part in view into the pixmap, leaving the drag outline alone.
@@ -94,8 +112,17 @@ class PreviewWidget : public QWidget {
     float downX_ = 0;
     float downY_ = 0;
     bool mouseIsDown_ = false;
-    std::optional<RectClass> outline_;  // where the dragged object would land
+    std::optional<RectClass> outline_;  // where a resized object would land
     int16_t outlineShape_ = 0;
+    // Where moved objects would land, with their shapes.
+    std::vector<std::pair<RectClass, int16_t>> moveOutlines_;
+    std::optional<RectClass> band_;        // the band being drawn, in widget pixels
+    bool banding_ = false;
+    // A plain click on an object of several selected chooses it alone, once the button is up.
+    int16_t choiceOnRelease_ = 0;
+    SnapSettings snapping_;
+    std::optional<SnapTargets> targets_;  // gathered at a drag's first step
+    DragSnap snap_;
 };
 
 }  // namespace paginox
