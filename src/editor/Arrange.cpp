@@ -13,7 +13,7 @@
 namespace paginox {
 
 float KeptInside(float origin, float length) {
-    return std::clamp(origin, 0.0f, std::max(0.0f, 1.0f - length));
+    return std::clamp(origin, 0.0f, std::max(0.0f, 1.0f - length)) + 0.0f;  // never -0
 }
 
 namespace {

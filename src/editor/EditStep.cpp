@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/EditStep.h"
 
+#include <cstring>
 #include <exception>
 
 #include "editor/EditorHistory.h"
@@ -8,6 +9,23 @@
 #include "editor/RestoreBlock.h"
 
 namespace paginox {
+
+namespace {
+
+// Values as the page file keeps them: -0 and 0 are different bytes there, so a change between
+// them must be undone too; a NaN left as it was is no change.
+bool SameValue(const PropertyValue& a, const PropertyValue& b) {
+    if (a.index() != b.index()) return false;
+    if (const float* x = std::get_if<float>(&a)) {
+        return std::memcmp(x, &std::get<float>(b), sizeof(float)) == 0;
+    }
+    if (const double* x = std::get_if<double>(&a)) {
+        return std::memcmp(x, &std::get<double>(b), sizeof(double)) == 0;
+    }
+    return a == b;
+}
+
+}  // namespace
 
 EditStep::EditStep(EditorHistory& history)
     : history_(history),
@@ -34,14 +52,14 @@ bool EditStep::Set(int32_t id, const PropertyValue& value, int16_t formatIndex, 
     PropertyValue before = GetProperty(state_, id, formatIndex, objectIndex, subIndex);
     SetProperty(state_, id, value, formatIndex, objectIndex, subIndex);
     PropertyValue after = GetProperty(state_, id, formatIndex, objectIndex, subIndex);
-    if (after == before) return false;
+    if (SameValue(after, before)) return false;
     block_->AddObject().SetValues(id, before, after, formatIndex, objectIndex, subIndex);
     return true;
 }
 
 void EditStep::Record(int32_t id, const PropertyValue& oldValue, const PropertyValue& newValue,
                       int16_t formatIndex, int16_t objectIndex, int16_t subIndex) {
-    if (oldValue == newValue) return;
+    if (SameValue(oldValue, newValue)) return;
     block_->AddObject().SetValues(id, oldValue, newValue, formatIndex, objectIndex, subIndex);
 }
 

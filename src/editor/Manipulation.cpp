@@ -167,6 +167,11 @@ PageObject LandedObject(const EditorState& state, int16_t dragMode, float dx, fl
         }
     }
     landed.ForceInsideFrame();
+    for (int16_t axis = 1; axis <= 2; ++axis) {
+        // A -0 would differ from 0 in the file but not to the step, which compares values.
+        landed.SetOrigin(axis, landed.Origin(axis) + 0.0f);
+        landed.SetLength(axis, landed.Length(axis) + 0.0f);
+    }
     return landed;
 }
 
@@ -221,9 +226,10 @@ void KeepOnPage(const PageFormat& format, std::vector<MovedObject>& moved) {
 
 bool SetOrigins(EditorState& state, EditStep& step, const std::vector<MovedObject>& moved) {
     bool changed = false;
+    // + 0.0f: a -0 would differ from 0 in the file but not to the step, which compares values.
     for (const MovedObject& m : moved) {
-        changed = step.Set(kPropOrigin, m.X, state.CurrentFormatIndex, m.Object, 1) || changed;
-        changed = step.Set(kPropOrigin, m.Y, state.CurrentFormatIndex, m.Object, 2) || changed;
+        changed = step.Set(kPropOrigin, m.X + 0.0f, state.CurrentFormatIndex, m.Object, 1) || changed;
+        changed = step.Set(kPropOrigin, m.Y + 0.0f, state.CurrentFormatIndex, m.Object, 2) || changed;
     }
     return changed;
 }

@@ -78,7 +78,7 @@ std::optional<double> NearestGridLine(const EditorState& state, const SnapSettin
     double area = state.CurrentFormat->PrintablePixels(axis);
     if (!settings.ToGrid || settings.GridSpacing < 1 || !(area > 0)) return std::nullopt;
     double step = settings.GridSpacing / area;
-    return std::round(fraction / step) * step;
+    return std::round(fraction / step) * step + 0.0;  // + 0.0: round(-0.3) is -0
 }
 
 struct AxisResult {

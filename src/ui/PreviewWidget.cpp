@@ -332,9 +332,10 @@ void PreviewWidget::mouseMoveEvent(QMouseEvent* event) {
 void PreviewWidget::FinishBand(float x, float y, Qt::KeyboardModifiers modifiers) {
     bool adding = modifiers & (Qt::ShiftModifier | Qt::ControlModifier);
     bool dragged = !IsClick(x - downX_, y - downY_);
+    RectClass band = Band(x, y);
     EndDrag();
     if (dragged) {
-        SelectTouching(state_, Band(x, y), adding);
+        SelectTouching(state_, band, adding);
         emit selectionMade();
     }
     update();

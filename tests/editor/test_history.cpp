@@ -8,13 +8,18 @@
 #include <cstdlib>
 #include <random>
 
+#include "editor/Arrange.h"
 #include "editor/EditStep.h"
 #include "editor/EditorFixture.h"
 #include "editor/EditorHistory.h"
 #include "editor/InsertList.h"
+#include "editor/LayoutTransfer.h"
 #include "editor/Manipulation.h"
+#include "editor/ObjectClipboard.h"
 #include "editor/ObjectCommands.h"
 #include "editor/PageSizes.h"
+#include "editor/Selection.h"
+#include "editor/Snapping.h"
 #include "persist/FileIO_OClass.h"
 #include "persist/FileIO_Page.h"
 #include "render/PreviewRefresh.h"
@@ -41,7 +46,7 @@ class RandomEditor {
         PickView();
         madeIn_ = state_.CurrentFormatIndex;
         try {
-            Edit(Pick(12));
+            Edit(Pick(19));
         } catch (const RuntimeError&) {
             // A refused edit changes nothing; the history stays as it was.
         }
@@ -57,8 +62,11 @@ class RandomEditor {
     void PickView() {
         if (Pick(6) == 0) state_.SetCurrentFormat(int16_t(1 + Pick(state_.Page->NumFormats())));
         int16_t count = state_.CurrentFormat->NumObjects();
-        if (Pick(3) == 0) state_.SelectedObject = int16_t(Pick(count + 1));
-        if (state_.SelectedObject > count) state_.SelectedObject = count;
+        if (Pick(3) == 0) state_.SelectOnly(int16_t(Pick(count + 1)));
+        if (state_.SelectedObject > count) state_.SelectOnly(count);
+        // Several objects: one more or one less, or all of them.
+        if (count > 0 && Pick(3) == 0) ToggleSelected(state_, int16_t(1 + Pick(count)));
+        if (Pick(12) == 0) SelectAll(state_);
     }
 
     void PlaceRects() {
@@ -89,14 +97,20 @@ class RandomEditor {
                 return;
             }
             case 2:
-            case 3: {  // a drag on the preview
+            case 3: {  // a drag on the preview, snapped or not
                 if (!obj) return;
                 PlaceRects();
                 EditStep step(history_);
                 const int16_t modes[] = {kDragMove, kHandleLeft, kHandleRight, kHandleTop,
                                          kHandleBottom};
-                CommitDrag(state_, step, modes[Pick(5)], float(Pick(301) - 150),
-                           float(Pick(301) - 150));
+                int16_t mode = modes[Pick(5)];
+                SnapSettings settings;
+                settings.Objects = Pick(2);
+                settings.ToGrid = Pick(2);
+                settings.GridSpacing = 5 + Pick(50);
+                DragSnap snap = SnapDrag(state_, SnapTargets(state_), settings, mode,
+                                         Pick(301) - 150, Pick(301) - 150);
+                CommitDrag(state_, step, mode, float(snap.Dx), float(snap.Dy), &snap);
                 return;
             }
             case 4: {
@@ -113,7 +127,10 @@ class RandomEditor {
                 history_.Structural([&] { return CopySelectedObject(state_); });
                 return;
             case 6:
-                history_.Structural([&] { return DeleteObject(state_, obj, false); });
+                history_.Structural([&] {
+                    return Pick(2) ? DeleteObject(state_, obj, false)
+                                   : DeleteSelectedObjects(state_);
+                });
                 return;
             case 7:
                 history_.Structural([&] {
@@ -139,10 +156,51 @@ class RandomEditor {
                 history_.Structural([&] {
                     state_.Page->DeleteFormat(state_.CurrentFormatIndex);
                     state_.SetCurrentFormat(1);
-                    state_.SelectedObject = 0;
+                    state_.SelectOnly(0);
                     return true;
                 });
                 return;
+            case 11: {  // lining several up
+                if (!obj) return;
+                EditStep step(history_);
+                switch (Pick(3)) {
+                    case 0:
+                        AlignSelection(state_, step, Alignment(Pick(6)));
+                        return;
+                    case 1:
+                        DistributeSelection(state_, step, int16_t(1 + Pick(2)));
+                        return;
+                    default:
+                        MatchPrimarySize(state_, step, SizeMatch(Pick(3)));
+                        return;
+                }
+            }
+            case 12:
+            case 13: {  // copied here, pasted on this or another page size
+                CopiedObjects copied = CopySelectedObjects(state_);
+                if (copied.Bytes.empty()) return;
+                if (Pick(2)) state_.SetCurrentFormat(int16_t(1 + Pick(state_.Page->NumFormats())));
+                madeIn_ = state_.CurrentFormatIndex;  // pasted where it is shown now
+                auto objects = ReadCopiedObjects(copied.Bytes);
+                history_.Structural([&] { return PasteObjects(state_, objects); });
+                return;
+            }
+            case 14: {
+                std::vector<int16_t> chosen = state_.SelectedObjects();
+                history_.Structural([&] {
+                    return !CopyObjectsToAllSizes(*state_.Page, state_.CurrentFormatIndex, chosen)
+                                .empty();
+                });
+                return;
+            }
+            case 15: {
+                int16_t from = int16_t(1 + Pick(state_.Page->NumFormats()));
+                history_.Structural([&] {
+                    state_.SelectOnly(0);
+                    return CopyLayout(*state_.Page, state_.CurrentFormatIndex, from);
+                });
+                return;
+            }
             default:
                 return;  // nothing at all this time
         }
@@ -169,7 +227,7 @@ struct HistoryWalk : ::testing::Test {
     void Start() {
         state.Page = original->Copy();
         state.SetCurrentFormat(1);
-        state.SelectedObject = 0;
+        state.SelectOnly(0);
         state.MarkSaved();
         history.Clear();
     }
