@@ -68,6 +68,7 @@ void PageForm::BuildClipboardActions(QMenu* edit) {
 void PageForm::BuildArrangeMenu() {
     arrangeMenu_ = objectMenu_->addMenu("A&rrange");
     arrangeMenu_->setObjectName("mnuArrange");
+    arrangeMenu_->menuAction()->setObjectName("mnuArrange");
     auto align = [this](const char* name, const QString& text, Alignment how) {
         AddAction(arrangeMenu_, name, text, [this, how] {
             Arrange([this, how](EditStep& step) { return AlignSelection(state_, step, how); });

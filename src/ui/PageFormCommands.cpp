@@ -21,6 +21,7 @@
 #include "editor/FileRoutines.h"
 #include "editor/ListColumns.h"
 #include "editor/Manipulation.h"
+#include "editor/Snapping.h"
 #include "editor/ObjectCommands.h"
 #include "editor/PageSizes.h"
 #include "editor/QtText.h"
@@ -80,7 +81,7 @@ void PageForm::PreviewSelectionMade() {
 void PageForm::PreviewDragFinished(int16_t dragMode, float dx, float dy) {
     try {
         EditStep step(history_);
-        CommitDrag(state_, step, dragMode, dx, dy);
+        CommitDrag(state_, step, dragMode, dx, dy, &preview_->FinishedSnap());
     } catch (const RuntimeError& e) {
         ShowMessage(e.Description(), "", MsgIcon::Exclamation);
     }
