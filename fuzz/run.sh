@@ -9,7 +9,7 @@ build=${1:-build-fuzz}
 seconds=${2:-30}
 jobs=${3:-1}
 sample=${4:-build/sample}
-targets=(page draw object_classes column_lists rulerships number_lists settings)
+targets=(page draw object_classes column_lists rulerships number_lists settings clipboard)
 if [ $# -gt 4 ]; then targets=("${@:5}"); fi
 
 seed() {
@@ -36,6 +36,13 @@ seed number_lists "$sample/System/"{astr,part,star,ring}list.dfn
 seed settings
 printf '%s\r\n' 'Veltrane\;SystemDataPath\;[Veltrane]' 'SystemDataPath="C:\Data"' \
     '[Page Browser]' 'Width=800' > "$build/corpus/settings/seed.ini"
+# Objects on the clipboard: the signature, a count of 1 and a page's first object record.
+mkdir -p "$build/corpus/clipboard"
+for f in "$sample/User Files/Pages/"*.pag; do
+    [ -f "$f" ] || continue
+    { printf 'PaginoxObjects1\n\001\000'; tail -c +$((349 + 34 + 1)) "$f" | head -c 1605; } \
+        > "$build/corpus/clipboard/$(basename "$f" .pag).in"
+done
 # The readers work on files: in memory they are written and read much faster.
 if [ -d /dev/shm ] && [ -w /dev/shm ]; then export TMPDIR=/dev/shm; fi
 

@@ -76,6 +76,7 @@ void PageForm::PreviewSelectionMade() {
     }
     state_.PreviousSelectedObject = state_.SelectedObject;
     ShowSelectionReadout();
+    UpdateArrangeState();  // their keys work at once, with no menu opened first
 }
 
 void PageForm::PreviewDragFinished(int16_t dragMode, float dx, float dy) {

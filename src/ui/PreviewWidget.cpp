@@ -174,6 +174,10 @@ bool PreviewWidget::event(QEvent* event) {
 }
 
 void PreviewWidget::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && mouseIsDown_) {
+        AbandonDrag();  // the drag or band is let go; nothing changes
+        return;
+    }
     int step = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
     int dx = 0;
     int dy = 0;
