@@ -75,28 +75,6 @@ void MakeCatalogue() {
     }
 }
 
-// count objects of the classes in turn, on a grid of cells across the page.
-std::shared_ptr<PageFormat> MixedFormat(int count, std::mt19937& random) {
-    auto format = std::make_shared<PageFormat>();
-    format->SetXPixels(kDrawWidth);
-    format->SetYPixels(kDrawHeight);
-    format->SetYRatio(float(kDrawHeight) / kDrawWidth);
-    int side = 1;
-    while (side * side < count) ++side;
-    std::uniform_real_distribution<float> jitter(0.0f, 0.01f);
-    for (int i = 0; i < count; ++i) {
-        int16_t id = static_cast<int16_t>(1 + i % std::size(kClasses));
-        auto obj = ObjectClasses().Class(id)->CreateInstance(nullptr);
-        float cell = 1.0f / side;
-        obj->SetOrigin(1, (i % side) * cell + jitter(random));
-        obj->SetOrigin(2, (i / side) * cell + jitter(random));
-        obj->SetLength(1, cell * 0.85f);
-        obj->SetLength(2, cell * 0.85f);
-        format->AddObject(obj);
-    }
-    return format;
-}
-
 // A page of the library: 1 to 4 formats of the screen's proportions, 5 to 40 objects each.
 PageClass LibraryPage(std::mt19937& random) {
     PageClass page;
@@ -117,6 +95,27 @@ void RemoveRoot() {
 }
 
 }  // namespace
+
+std::shared_ptr<PageFormat> MixedFormat(int count, std::mt19937& random) {
+    auto format = std::make_shared<PageFormat>();
+    format->SetXPixels(kDrawWidth);
+    format->SetYPixels(kDrawHeight);
+    format->SetYRatio(float(kDrawHeight) / kDrawWidth);
+    int side = 1;
+    while (side * side < count) ++side;
+    std::uniform_real_distribution<float> jitter(0.0f, 0.01f);
+    for (int i = 0; i < count; ++i) {
+        int16_t id = static_cast<int16_t>(1 + i % std::size(kClasses));
+        auto obj = ObjectClasses().Class(id)->CreateInstance(nullptr);
+        float cell = 1.0f / side;
+        obj->SetOrigin(1, (i % side) * cell + jitter(random));
+        obj->SetOrigin(2, (i / side) * cell + jitter(random));
+        obj->SetLength(1, cell * 0.85f);
+        obj->SetLength(2, cell * 0.85f);
+        format->AddObject(obj);
+    }
+    return format;
+}
 
 BenchWorld& World() {
     static BenchWorld* world = [] {

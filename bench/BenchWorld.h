@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,10 @@ struct BenchWorld {
 
 // Made on first use; the folder is removed at exit.
 BenchWorld& World();
+
+// count objects of the catalogue's classes in turn, on a grid of cells across a format of
+// kDrawWidth by kDrawHeight pixels.
+std::shared_ptr<PageFormat> MixedFormat(int count, std::mt19937& random);
 
 // Runs the event loop until done() says so, and tells the longest time in milliseconds it went
 // unserved; every 200 rounds measure() runs as well, when given.

@@ -12,6 +12,7 @@
 #include "model/PageClass.h"
 #include "model/PageFormat.h"
 #include "render/PageExport.h"
+#include "ui/PreviewWidget.h"
 
 namespace paginox {
 
@@ -29,7 +30,7 @@ QLabel* PictureLabel(const QImage& image) {
 
 QImage LayoutPreviewDialog::Picture(const PageClass& page, int16_t k, QSize size) {
     QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::white);
+    image.fill(PreviewWidget::BackColour());  // the white page stands out as on the preview
     std::shared_ptr<PageFormat> format = page.GetFormat(k);
     if (!format) return image;
     PictureOptions options;
