@@ -21,6 +21,8 @@ const QColor kAlsoSelectedColour(70, 130, 230);
 const QColor kBandColour(40, 110, 220);
 const QColor kGuideColour(220, 0, 150);
 constexpr int32_t kDragOutlineColour = Rgb(0, 0, 0);
+// Up to this many moving objects are outlined in their own shapes.
+constexpr size_t kShapedOutlines = 100;
 
 QRectF ToQt(const RectClass& r) {
     return QRectF(r.Left(), r.Top(), r.Width(), r.Height());
@@ -48,14 +50,16 @@ void PreviewWidget::PaintOverlay(QPainter& painter) {
         }
     }
     // The others of a selection: a lighter frame just outside each, the primary keeps its marks.
-    painter.setPen(QPen(kAlsoSelectedColour, 1, Qt::SolidLine));
+    QVector<QRectF> others;
     for (int16_t k : state_.SelectedObjects()) {
         if (k == state_.SelectedObject || k > state_.Rects.ObjectCount() ||
             !state_.Rects.IsPlaced(k)) {
             continue;
         }
-        painter.drawRect(ToQt(state_.Rects.Object(k)).adjusted(-2, -2, 2, 2));
+        others.append(ToQt(state_.Rects.Object(k)).adjusted(-2, -2, 2, 2));
     }
+    painter.setPen(QPen(kAlsoSelectedColour, 1, Qt::SolidLine));
+    painter.drawRects(others);
     if (band_) {
         QColor fill = kBandColour;
         fill.setAlpha(40);
@@ -71,7 +75,19 @@ void PreviewWidget::PaintOverlay(QPainter& painter) {
         surface.SetFillStyle(kFillTransparent);
         surface.SetForeColor(kDragOutlineColour);
         if (outline_) outline_->DrawShape(surface, outlineShape_);
-        for (const auto& [rect, shape] : moveOutlines_) rect.DrawShape(surface, shape);
+        if (moveOutlines_.size() <= kShapedOutlines) {
+            for (const auto& [rect, shape] : moveOutlines_) rect.DrawShape(surface, shape);
+        } else {
+            // Many objects on the move: their boxes in one call keep each step of the drag quick.
+            QVector<QRect> boxes;
+            boxes.reserve(qsizetype(moveOutlines_.size()));
+            for (const auto& [rect, shape] : moveOutlines_) {
+                boxes.append(QRect(rect.Left(), rect.Top(), rect.Width(), rect.Height()));
+            }
+            painter.setPen(QPen(Qt::black, 1, Qt::DashLine));
+            painter.setRenderHint(QPainter::Antialiasing, false);
+            painter.drawRects(boxes);
+        }
         painter.setPen(QPen(kGuideColour, 1, Qt::SolidLine));
         for (int16_t axis = 1; axis <= 2; ++axis) {
             const std::optional<double>& guide = snap_.Axis[axis - 1].Guide;
