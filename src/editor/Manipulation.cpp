@@ -168,7 +168,7 @@ PageObject LandedObject(const EditorState& state, int16_t dragMode, float dx, fl
     }
     landed.ForceInsideFrame();
     for (int16_t axis = 1; axis <= 2; ++axis) {
-        // A -0 would differ from 0 in the file but not to the step, which compares values.
+        // + 0.0f: no -0 in the file.
         landed.SetOrigin(axis, landed.Origin(axis) + 0.0f);
         landed.SetLength(axis, landed.Length(axis) + 0.0f);
     }
@@ -226,7 +226,7 @@ void KeepOnPage(const PageFormat& format, std::vector<MovedObject>& moved) {
 
 bool SetOrigins(EditorState& state, EditStep& step, const std::vector<MovedObject>& moved) {
     bool changed = false;
-    // + 0.0f: a -0 would differ from 0 in the file but not to the step, which compares values.
+    // + 0.0f: no -0 in the file.
     for (const MovedObject& m : moved) {
         changed = step.Set(kPropOrigin, m.X + 0.0f, state.CurrentFormatIndex, m.Object, 1) || changed;
         changed = step.Set(kPropOrigin, m.Y + 0.0f, state.CurrentFormatIndex, m.Object, 2) || changed;
@@ -270,7 +270,9 @@ std::vector<RectClass> MovedOutlines(const EditorState& state,
 bool CommitDrag(EditorState& state, EditStep& step, int16_t dragMode, float dx, float dy,
                 const DragSnap* snap) {
     std::shared_ptr<PageObject> obj = state.Selected();
-    if (!obj || dragMode == kDragNone || IsClick(dx, dy)) return false;
+    // A snapped drag may come to rest a pixel from where it started: it still lines up.
+    bool snapped = snap && (snap->Axis[0].Snapped || snap->Axis[1].Snapped);
+    if (!obj || dragMode == kDragNone || (!snapped && IsClick(dx, dy))) return false;
     if (dragMode == kDragMove) return SetOrigins(state, step, MovedSelection(state, dx, dy, snap));
     int16_t k = state.SelectedObject;
     int16_t f = state.CurrentFormatIndex;

@@ -89,7 +89,8 @@ std::vector<RectClass> MovedOutlines(const EditorState& state,
 // Commits a drag as one step. A move takes every selected object along and sets Origin
 // through SetProperty, once per axis and object; a resize of the selected object writes
 // Origin and Length directly and records them in the step. Positions and sizes are fractions
-// of the margin rectangle. A click changes nothing; false when nothing changed.
+// of the margin rectangle. A click changes nothing, unless it snapped; false when nothing
+// changed.
 bool CommitDrag(EditorState& state, EditStep& step, int16_t dragMode, float dx, float dy,
                 const DragSnap* snap = nullptr);
 

@@ -201,7 +201,17 @@ TEST_F(Many, SnappedEdgesLandExactlyOnTheirLines) {
         EXPECT_TRUE(CommitDrag(state, step, kDragMove, float(snap.Dx), float(snap.Dy), &snap));
     }
     EXPECT_EQ(X(4), X(1));  // exactly, not merely on the same pixel
-    Draw();
+    // A pixel off the line, a drag towards it comes to rest a pixel away and still lines up.
+    Place(4, X(1) + 1.0f / 400, Y(4), 0.27f, fx.Object(4).Length(2));  // its right edge near none
+    snap = SnapDrag(state, SnapTargets(state), settings, kDragMove, -3, 0);
+    ASSERT_TRUE(snap.Axis[0].Snapped);
+    EXPECT_LE(std::abs(snap.Dx), 1);
+    {
+        EditStep step(history);
+        EXPECT_TRUE(CommitDrag(state, step, kDragMove, float(snap.Dx), float(snap.Dy), &snap));
+    }
+    EXPECT_EQ(X(4), X(1));
+    Place(4, X(1), Y(4), 0.3f, fx.Object(4).Length(2));  // as it was
 
     // Further than the tolerance from every line, or with Alt held, nothing snaps.
     snap = SnapDrag(state, SnapTargets(state), settings, kDragMove, 2 * kSnapTolerance, 0);
