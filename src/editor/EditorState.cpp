@@ -45,8 +45,12 @@ void EditorState::Select(const ObjectSelection& selection) {
     auto exists = [count](int16_t k) { return k >= 1 && k <= count; };
     SelectOnly(exists(selection.Primary) ? selection.Primary : 0);
     if (SelectedObject == 0) return;
+    std::vector<bool> taken(size_t(count) + 1);  // each once, in linear time for thousands
+    taken[size_t(SelectedObject)] = true;
     for (int16_t k : selection.Others) {
-        if (exists(k) && !IsSelected(k)) AlsoSelected.push_back(k);
+        if (!exists(k) || taken[size_t(k)]) continue;
+        taken[size_t(k)] = true;
+        AlsoSelected.push_back(k);
     }
 }
 

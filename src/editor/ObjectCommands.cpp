@@ -91,9 +91,11 @@ bool MoveSelectedTo(EditorState& state, bool front) {
     std::vector<int16_t> selected = state.SelectedObjects();
     if (selected.empty()) return false;
     PageFormat& format = *state.CurrentFormat;
+    std::vector<bool> isChosen(size_t(format.NumObjects()) + 1);
+    for (int16_t k : selected) isChosen[size_t(k)] = true;
     std::vector<std::shared_ptr<PageObject>> chosen, rest;
     for (int16_t k = 1; k <= format.NumObjects(); ++k) {
-        (state.IsSelected(k) ? chosen : rest).push_back(format.Object(k));
+        (isChosen[size_t(k)] ? chosen : rest).push_back(format.Object(k));
     }
     std::vector<std::shared_ptr<PageObject>>& first = front ? rest : chosen;
     std::vector<std::shared_ptr<PageObject>>& second = front ? chosen : rest;

@@ -54,12 +54,11 @@ std::vector<int16_t> ObjectsTouching(const EditorState& state, const RectClass& 
 
 void SelectTouching(EditorState& state, const RectClass& band, bool adding) {
     ObjectSelection selection = adding ? state.Selection() : ObjectSelection{};
+    // Select drops the ones chosen twice.
     for (int16_t k : ObjectsTouching(state, band)) {
         if (selection.Primary == 0) {
             selection.Primary = k;
-        } else if (k != selection.Primary && std::find(selection.Others.begin(),
-                                                       selection.Others.end(),
-                                                       k) == selection.Others.end()) {
+        } else {
             selection.Others.push_back(k);
         }
     }

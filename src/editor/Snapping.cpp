@@ -156,13 +156,16 @@ SnapTargets::SnapTargets(const EditorState& state) {
     const RectClass& margin = state.Rects.Margin;
     const PageFormat& format = *state.CurrentFormat;
     int16_t count = std::min(format.NumObjects(), state.Rects.ObjectCount());
+    // Looked up once: with every object dragged, asking the selection each time is quadratic.
+    std::vector<bool> dragged(size_t(std::max<int16_t>(format.NumObjects(), 0)) + 1);
+    for (int16_t k : state.SelectedObjects()) dragged[size_t(k)] = true;
     for (int16_t axis = 1; axis <= 2; ++axis) {
         std::vector<SnapLine>& lines = lines_[axis - 1];
         auto add = [&](double f) { lines.push_back({ToPixel(margin, axis, f), f}); };
         for (double f : {0.0, 0.5, 1.0}) add(f);
         for (int16_t k = 1; k <= count; ++k) {
             std::shared_ptr<PageObject> obj = format.Object(k);
-            if (!obj || !state.Rects.IsPlaced(k) || state.IsSelected(k)) continue;
+            if (!obj || !state.Rects.IsPlaced(k) || dragged[size_t(k)]) continue;
             Span span = ObjectSpan(*obj, axis);
             for (double f : {span.Low, (span.Low + span.High) / 2, span.High}) add(f);
         }
