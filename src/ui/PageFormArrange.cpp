@@ -222,6 +222,8 @@ void PageForm::PasteFromClipboard() {
     if (history_.Structural([&] { return PasteObjects(state_, objects); })) {
         RefreshUI(true);
         PreviewSelectionMade();
+        ShowNote(objects.size() == 1 ? QString("Pasted 1 object")
+                                     : QString("Pasted %1 objects").arg(objects.size()));
     }
 }
 
@@ -251,7 +253,8 @@ void PageForm::CopyToAllSizes() {
         return true;
     });
     RefreshUI(true);
-    ShowNote(QString("Copied to %1 other page sizes").arg(changed.size()));
+    ShowNote(changed.size() == 1 ? QString("Copied to the other page size")
+                                 : QString("Copied to %1 other page sizes").arg(changed.size()));
 }
 
 void PageForm::CopyLayoutFromSize() {
