@@ -239,16 +239,32 @@ bool SetOrigins(EditorState& state, EditStep& step, const std::vector<MovedObjec
 std::vector<MovedObject> MovedSelection(const EditorState& state, float dx, float dy,
                                         const DragSnap* snap) {
     std::vector<MovedObject> moved;
+    const int16_t lead = state.SelectedObject;
+    if (!state.Selected() || lead > state.Rects.ObjectCount() || !state.Rects.IsPlaced(lead)) {
+        return moved;
+    }
+    // One shift for them all: the primary's corner lands where the pointer puts it on the
+    // preview, and the others keep their exact places to it. An axis the pointer did not move
+    // is left as it was.
     const RectClass& margin = state.Rects.Margin;
+    const RectClass& rect = state.Rects.Object(lead);
+    const int32_t by[2] = {ToInt32(dx), ToInt32(dy)};
+    double shift[2] = {0, 0};
+    for (int16_t axis = 1; axis <= 2; ++axis) {
+        if (snap && snap->Axis[axis - 1].Snapped) {
+            shift[axis - 1] = snap->Axis[axis - 1].Fraction;
+        } else if (by[axis - 1] != 0) {
+            float landed =
+                axis == 1 ? margin.PropX(static_cast<float>(CheckedAdd(rect.Left(), by[0])))
+                          : margin.PropY(static_cast<float>(CheckedAdd(rect.Top(), by[1])));
+            shift[axis - 1] = double(landed) - state.Selected()->Origin(axis);
+        }
+    }
     for (int16_t k : state.SelectedObjects()) {
         if (k > state.Rects.ObjectCount() || !state.Rects.IsPlaced(k)) continue;
         const PageObject& obj = *state.CurrentFormat->Object(k);
-        const RectClass& rect = state.Rects.Object(k);
-        MovedObject m{k, margin.PropX(static_cast<float>(CheckedAdd(rect.Left(), ToInt32(dx)))),
-                      margin.PropY(static_cast<float>(CheckedAdd(rect.Top(), ToInt32(dy))))};
-        if (snap && snap->Axis[0].Snapped) m.X = float(obj.Origin(1) + snap->Axis[0].Fraction);
-        if (snap && snap->Axis[1].Snapped) m.Y = float(obj.Origin(2) + snap->Axis[1].Fraction);
-        moved.push_back(m);
+        moved.push_back({k, static_cast<float>(obj.Origin(1) + shift[0]),
+                         static_cast<float>(obj.Origin(2) + shift[1])});
     }
     KeepOnPage(*state.CurrentFormat, moved);
     return moved;

@@ -72,9 +72,10 @@ PageObject LandedObject(const EditorState& state, int16_t dragMode, float dx, fl
 RectClass LandedOutline(const EditorState& state, int16_t dragMode, float dx, float dy,
                         const DragSnap* snap = nullptr);
 
-// Where a move by (dx, dy) leaves each selected object: its new Origin. Each object moves by
-// the offset from its own place on the preview, or by the snapped fraction exactly; the
-// objects move as one and stop together at the page's edges.
+// Where a move by (dx, dy) leaves each selected object: its new Origin. The primary object's
+// corner goes where the offset puts it on the preview (or its snapped edge exactly on its
+// line), and the others move by the same fraction, so that what was lined up stays lined up;
+// the objects stop together at the page's edges.
 struct MovedObject {
     int16_t Object = 0;
     float X = 0;

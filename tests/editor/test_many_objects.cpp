@@ -286,6 +286,27 @@ TEST_F(Many, ObjectsMovedTogetherStopTogether) {
     EXPECT_EQ(state.SelectedObjects(), (std::vector<int16_t>{1, 3}));  // shown as it was
     EXPECT_EQ(MovedOutlines(state, MovedSelection(state, 0, 0)).front().Left(),
               state.Rects.Object(1).Left());
+
+    // Right edges lined up stay lined up when moved by pixels, whatever pixel each lies on.
+    Place(1, 0.1013f, 0.1f, 0.2f, 0.2f);  // its left edge at 140.52 px
+    Place(3, 0.1508f, 0.6f, 0.1505f, 0.3f);  // at 160.32 px
+    auto apart = [&] {
+        return (X(1) + fx.Object(1).Length(1)) - (X(3) + fx.Object(3).Length(1));
+    };
+    const float before = apart();
+    {
+        EditStep step(history);
+        EXPECT_TRUE(CommitDrag(state, step, kDragMove, 13, 7));
+    }
+    EXPECT_NEAR(apart(), before, 1e-6);
+    // A move straight down leaves the places across exactly as they were.
+    const float x1 = X(1);
+    Draw();
+    {
+        EditStep step(history);
+        EXPECT_TRUE(CommitDrag(state, step, kDragMove, 0, 9));
+    }
+    EXPECT_EQ(X(1), x1);
 }
 
 TEST_F(Many, TheClipboardFormCarriesObjectsExactlyAndRefusesAnythingElse) {
