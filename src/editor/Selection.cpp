@@ -28,6 +28,17 @@ void ToggleSelected(EditorState& state, int16_t k) {
     state.Select(selection);
 }
 
+void MakePrimary(EditorState& state, int16_t k) {
+    if (!state.IsSelected(k)) {
+        state.SelectOnly(k);
+        return;
+    }
+    ObjectSelection selection = state.Selection();
+    std::replace(selection.Others.begin(), selection.Others.end(), k, selection.Primary);
+    selection.Primary = k;
+    state.Select(selection);
+}
+
 void SelectAll(EditorState& state) {
     int16_t count = state.CurrentFormat ? state.CurrentFormat->NumObjects() : 0;
     ObjectSelection all{state.Selected() ? state.SelectedObject : int16_t(1), {}};

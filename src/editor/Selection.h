@@ -18,6 +18,9 @@ class EditorState;
 // primary one; when it leaves, the next chosen takes its place.
 void ToggleSelected(EditorState& state, int16_t k);
 
+// k becomes the primary object: of the selection it is in, or alone when it was not selected.
+void MakePrimary(EditorState& state, int16_t k);
+
 // Every object of the format; the primary one stays primary, else the first becomes it.
 void SelectAll(EditorState& state);
 

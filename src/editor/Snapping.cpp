@@ -7,6 +7,7 @@
 #include "core/Rounding.h"
 #include "editor/EditorState.h"
 #include "editor/Manipulation.h"
+#include "editor/Selection.h"
 #include "model/PageFormat.h"
 #include "model/PageObject.h"
 #include "model/PageObjectClass.h"
@@ -38,16 +39,10 @@ Span ObjectSpan(const PageObject& obj, int16_t axis) {
     return {obj.Origin(axis), double(obj.Origin(axis)) + obj.Length(axis)};
 }
 
-// The dragged objects' extent along the axis, as fractions of the printable area.
+// The moved objects' extent along the axis, as fractions of the printable area.
 Span MovingSpan(const EditorState& state, int16_t axis) {
-    std::vector<int16_t> selected = state.SelectedObjects();
-    Span span = ObjectSpan(*state.CurrentFormat->Object(selected.front()), axis);
-    for (int16_t k : selected) {
-        Span one = ObjectSpan(*state.CurrentFormat->Object(k), axis);
-        span.Low = std::min(span.Low, one.Low);
-        span.High = std::max(span.High, one.High);
-    }
-    return span;
+    FractionBox box = *SelectionBox(state);
+    return axis == 1 ? Span{box.Left, box.Right} : Span{box.Top, box.Bottom};
 }
 
 // Which edge a resize pulls along the axis: -1 the low one, 1 the high one, 0 none that snaps.
@@ -151,14 +146,18 @@ AxisResult SnapResize(const EditorState& state, const SnapTargets& targets,
 
 }  // namespace
 
-SnapTargets::SnapTargets(const EditorState& state) {
+SnapTargets::SnapTargets(const EditorState& state, int16_t dragMode) {
     if (!state.CurrentFormat) return;
     const RectClass& margin = state.Rects.Margin;
     const PageFormat& format = *state.CurrentFormat;
     int16_t count = std::min(format.NumObjects(), state.Rects.ObjectCount());
     // Looked up once: with every object dragged, asking the selection each time is quadratic.
     std::vector<bool> dragged(size_t(std::max<int16_t>(format.NumObjects(), 0)) + 1);
-    for (int16_t k : state.SelectedObjects()) dragged[size_t(k)] = true;
+    if (dragMode == kDragMove) {
+        for (int16_t k : state.SelectedObjects()) dragged[size_t(k)] = true;
+    } else if (state.Selected()) {
+        dragged[size_t(state.SelectedObject)] = true;
+    }
     for (int16_t axis = 1; axis <= 2; ++axis) {
         std::vector<SnapLine>& lines = lines_[axis - 1];
         auto add = [&](double f) { lines.push_back({ToPixel(margin, axis, f), f}); };

@@ -10,6 +10,8 @@
 #include <optional>
 #include <vector>
 
+#include "editor/Manipulation.h"
+
 namespace paginox {
 
 class EditorState;
@@ -36,12 +38,13 @@ struct SnapLine {
 };
 
 // The lines of one drag, gathered when it starts: every edge and centre of the objects not
-// being dragged, and the printable area's edges and centre; per axis (1 across, 2 down),
-// sorted, so that each step of the drag looks a line up in logarithmic time.
+// being dragged (a resize drags the primary object alone), and the printable area's edges and
+// centre; per axis (1 across, 2 down), sorted, so that each step of the drag looks a line up
+// in logarithmic time.
 class SnapTargets {
   public:
     SnapTargets() = default;
-    explicit SnapTargets(const EditorState& state);
+    explicit SnapTargets(const EditorState& state, int16_t dragMode = kDragMove);
     // The line nearest to pixel within tolerance along the axis.
     std::optional<SnapLine> Nearest(int16_t axis, double pixel, double tolerance) const;
     size_t Count(int16_t axis) const { return lines_[axis - 1].size(); }

@@ -223,6 +223,10 @@ void PreviewWidget::focusOutEvent(QFocusEvent* event) {
 }
 
 void PreviewWidget::mousePressEvent(QMouseEvent* event) {
+    if (mouseIsDown_ && event->button() != Qt::LeftButton) {
+        AbandonDrag();  // another button during a drag or band lets go of it
+        return;
+    }
     if (event->button() == Qt::MiddleButton) {
         panFrom_ = event->globalPosition().toPoint();
         setCursor(Qt::ClosedHandCursor);
@@ -245,8 +249,8 @@ void PreviewWidget::mousePressEvent(QMouseEvent* event) {
     }
     int16_t hit = HitTestObjects(state_, x, y);
     if (hit == 0) return;
-    // The menu acts on the selection the object is in, or on the object alone.
-    if (!state_.IsSelected(hit)) state_.SelectOnly(hit);
+    // The menu acts on the selection the object is in, led by it, or on the object alone.
+    MakePrimary(state_, hit);
     emit selectionMade();
     emit popupRequested(event->globalPosition().toPoint());
 }
@@ -283,7 +287,7 @@ RectClass PreviewWidget::Band(float x, float y) const {
 }
 
 void PreviewWidget::FollowDrag(float x, float y, Qt::KeyboardModifiers modifiers) {
-    if (!targets_) targets_.emplace(state_);
+    if (!targets_) targets_.emplace(state_, dragMode_);
     SnapSettings settings = snapping_;
     if (modifiers & Qt::AltModifier) settings.Objects = settings.ToGrid = false;
     snap_ = SnapDrag(state_, *targets_, settings, dragMode_, ToInt32(x - downX_),

@@ -239,6 +239,13 @@ TEST_F(Many, SnappedEdgesLandExactlyOnTheirLines) {
     EXPECT_FLOAT_EQ(landed.Origin(1) + landed.Length(1), X(5));
     EXPECT_EQ(landed.Origin(1), X(4));
 
+    // A resize pulls the primary object alone: the others chosen with it still give lines.
+    ToggleSelected(state, 5);
+    snap = SnapDrag(state, SnapTargets(state, kHandleRight), settings, kHandleRight, 98, 0);
+    ASSERT_TRUE(snap.Axis[0].Snapped);
+    EXPECT_DOUBLE_EQ(snap.Axis[0].Fraction, double(X(5)) + fx.Object(5).Length(1));
+    state.SelectOnly(4);
+
     // The grid: 10 format pixels; a move lands the left edge on a line, with no guide.
     settings.ToGrid = true;
     settings.Objects = false;

@@ -98,6 +98,17 @@ TEST(LayoutGestures, TheChosenMoveDeleteAndUndoTogether) {
     EXPECT_EQ(fx.Object(4).Origin(1), x4);
     EXPECT_EQ(fx.state.SelectedObjects(), (std::vector<int16_t>{2, 4}));
 
+    // Another button during a drag lets go of it: nothing moves, no menu.
+    bool popup = false;
+    fx.form->ShowPopup = [&](QMenu&, const QPoint&) { popup = true; };
+    QTest::mousePress(fx.Preview(), Qt::LeftButton, {}, fx.Inside(4));
+    fx.MoveHeld(fx.Inside(4) + QPoint(30, 0), {});
+    QTest::mousePress(fx.Preview(), Qt::RightButton, {}, fx.Inside(4) + QPoint(30, 0));
+    EXPECT_FALSE(fx.Preview()->MouseIsDown());
+    QTest::mouseRelease(fx.Preview(), Qt::LeftButton, {}, fx.Inside(4) + QPoint(30, 0));
+    EXPECT_FALSE(popup);
+    EXPECT_EQ(fx.Object(4).Origin(1), x4);
+
     const int16_t count = fx.state.CurrentFormat->NumObjects();
     fx.Trigger("mnuPopupDelete");
     EXPECT_EQ(fx.state.CurrentFormat->NumObjects(), count - 2);
@@ -159,8 +170,9 @@ TEST(LayoutGestures, ArrangeCommandsAreOneStepAndOfferedWhenTheyApply) {
         for (QAction* a : menu.actions()) shown.push_back(a->objectName());
     };
     ChooseTwo(fx, 2, 4);  // the point list's left edge is not the chart data's
-    fx.Click(4, Qt::RightButton);  // the menu of a chosen object keeps the choice
+    fx.Click(4, Qt::RightButton);  // the menu of a chosen object keeps the choice, led by it
     EXPECT_EQ(fx.state.SelectedObjects().size(), 2u);
+    EXPECT_EQ(fx.state.SelectedObject, 4);
     EXPECT_NE(std::find(shown.begin(), shown.end(), "mnuEditCopy"), shown.end());
     EXPECT_NE(std::find(shown.begin(), shown.end(), "mnuArrange"), shown.end());
     EXPECT_TRUE(fx.Child("mnuAlignLeft")->isEnabled());
@@ -173,7 +185,7 @@ TEST(LayoutGestures, ArrangeCommandsAreOneStepAndOfferedWhenTheyApply) {
     fx.Trigger("mnuSameSize");
     EXPECT_EQ(fx.Object(4).Length(1), fx.Object(2).Length(1));
     EXPECT_EQ(fx.Object(4).Length(2), fx.Object(2).Length(2));
-    EXPECT_LE(fx.Object(4).Origin(2) + fx.Object(4).Length(2), 1.0f);  // still on the page
+    EXPECT_LE(fx.Object(2).Origin(2) + fx.Object(2).Length(2), 1.0f);  // still on the page
     fx.Trigger("mnuUndo");
     fx.Trigger("mnuUndo");
     EXPECT_GT(std::fabs(rightEdge(4) - rightEdge(2)), 0.1f);
