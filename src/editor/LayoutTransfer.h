@@ -17,8 +17,8 @@ class PageClass;
 std::vector<int16_t> CopyObjectsToAllSizes(PageClass& page, int16_t from,
                                            const std::vector<int16_t>& objects);
 
-// Format to's objects become copies of format from's; false when from is to or either is
-// missing.
+// Format to's objects become copies of format from's; false when from is to, either is
+// missing or they hold the same objects already.
 bool CopyLayout(PageClass& page, int16_t to, int16_t from);
 
 }  // namespace paginox

@@ -39,7 +39,9 @@ bool PasteObjects(EditorState& state, const std::vector<std::shared_ptr<PageObje
     }
     ObjectSelection pasted;
     for (const std::shared_ptr<PageObject>& obj : objects) {
-        state.CurrentFormat->AddObject(obj->Clone());
+        std::shared_ptr<PageObject> copy = obj->Clone();
+        copy->ForceInsideFrame();  // another program may have put anything there
+        state.CurrentFormat->AddObject(copy);
         if (obj->NumCharts() > state.Page->NumCharts()) state.Page->SetNumCharts(obj->NumCharts());
         int16_t added = state.CurrentFormat->NumObjects();
         if (pasted.Primary == 0) {

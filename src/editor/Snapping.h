@@ -24,7 +24,7 @@ inline constexpr int32_t kMinGridSpacing = 2;
 inline constexpr int32_t kMaxGridSpacing = 1000;
 
 struct SnapSettings {
-    bool Objects = true;  // off while Alt is held
+    bool Objects = true;  // View > Snap to Objects; off while Alt is held
     bool ShowGrid = false;
     bool ToGrid = false;
     int32_t GridSpacing = kDefaultGridSpacing;

@@ -2,6 +2,7 @@
 #include "persist/CopiedObjects.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/RuntimeError.h"
 #include "model/PageObject.h"
@@ -42,6 +43,12 @@ std::vector<std::shared_ptr<PageObject>> ReadCopiedObjects(std::string_view byte
     std::vector<std::shared_ptr<PageObject>> objects;
     for (int16_t i = 0; i < count; ++i) {
         objects.push_back(ReadObjectRecord(bytes.substr(size_t(i) * record, record)));
+        for (int16_t axis = 1; axis <= 2; ++axis) {
+            const PageObject& obj = *objects.back();
+            if (!std::isfinite(obj.Origin(axis)) || !std::isfinite(obj.Length(axis))) {
+                Unreadable("a place or size that is not a number");
+            }
+        }
     }
     return objects;
 }

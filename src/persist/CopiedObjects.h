@@ -18,8 +18,8 @@ inline constexpr const char* kObjectsMimeType = "application/x-paginox-objects";
 
 std::string CopiedObjectsBytes(const std::vector<std::shared_ptr<PageObject>>& objects);
 
-// The objects of those bytes. Anything else, cut short or too long, raises a RuntimeError
-// that says the clipboard's objects cannot be read.
+// The objects of those bytes. Anything else, cut short or too long, or a place or size that
+// is not a number, raises a RuntimeError that says the clipboard's objects cannot be read.
 std::vector<std::shared_ptr<PageObject>> ReadCopiedObjects(std::string_view bytes);
 
 }  // namespace paginox

@@ -78,6 +78,14 @@ std::optional<int> QtDialogs::ChooseItem(QWidget* parent, const QString& title,
     return static_cast<int>(items.indexOf(item));
 }
 
+std::optional<int> QtDialogs::ChooseNumber(QWidget* parent, const QString& title,
+                                           const QString& label, int value, int min, int max) {
+    bool ok = false;
+    int chosen = QInputDialog::getInt(parent, title, label, value, min, max, 1, &ok);
+    if (!ok) return std::nullopt;
+    return chosen;
+}
+
 bool QtDialogs::ApproveLayout(QWidget* parent, const QString& title, const QString& text,
                               const std::vector<LayoutView>& views) {
     LayoutPreviewDialog dialog(title, text, views, parent);

@@ -44,6 +44,10 @@ class EditorDialogs {
                                           const QString& label, const QStringList& items) = 0;
     // The printer the page size dialog asks for its page and setup.
     virtual PrinterAccess& Printer() = 0;
+    // A whole number from min to max, starting at value; nothing when cancelled.
+    virtual std::optional<int> ChooseNumber(QWidget* parent, const QString& title,
+                                            const QString& label, int value, int min,
+                                            int max) = 0;
     // Shows what a layout command would change; true to apply it.
     virtual bool ApproveLayout(QWidget* parent, const QString& title, const QString& text,
                                const std::vector<LayoutView>& views) = 0;
@@ -57,6 +61,8 @@ class QtDialogs : public EditorDialogs {
     std::optional<int> ChooseItem(QWidget* parent, const QString& title, const QString& label,
                                   const QStringList& items) override;
     PrinterAccess& Printer() override { return printer_; }
+    std::optional<int> ChooseNumber(QWidget* parent, const QString& title, const QString& label,
+                                    int value, int min, int max) override;
     bool ApproveLayout(QWidget* parent, const QString& title, const QString& text,
                        const std::vector<LayoutView>& views) override;
 

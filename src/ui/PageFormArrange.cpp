@@ -7,7 +7,6 @@
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QInputDialog>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
@@ -114,6 +113,11 @@ void PageForm::BuildGridActions(QMenu* view) {
     });
     show->setCheckable(true);
     show->setShortcut(Qt::CTRL | Qt::Key_Apostrophe);
+    QAction* objects = AddAction(view, "mnuViewSnapObjects", "Snap to &Objects", [this] {
+        preview_->Snapping().Objects = findChild<QAction*>("mnuViewSnapObjects")->isChecked();
+        SaveGridSettings();
+    });
+    objects->setCheckable(true);
     QAction* snap = AddAction(view, "mnuViewSnapGrid", "&Snap to Grid", [this] {
         preview_->Snapping().ToGrid = findChild<QAction*>("mnuViewSnapGrid")->isChecked();
         SaveGridSettings();
@@ -132,6 +136,8 @@ void PageForm::LoadGridSettings() {
     }
     snapping.ShowGrid = ReadIni(kGridSection, "Show", "False") == "True";
     snapping.ToGrid = ReadIni(kGridSection, "Snap", "False") == "True";
+    snapping.Objects = ReadIni(kGridSection, "Objects", "True") == "True";
+    findChild<QAction*>("mnuViewSnapObjects")->setChecked(snapping.Objects);
     findChild<QAction*>("mnuViewGrid")->setChecked(snapping.ShowGrid);
     findChild<QAction*>("mnuViewSnapGrid")->setChecked(snapping.ToGrid);
 }
@@ -141,21 +147,24 @@ void PageForm::SaveGridSettings() {
     WriteIni(kGridSection, "Spacing", std::to_string(snapping.GridSpacing));
     WriteIni(kGridSection, "Show", snapping.ShowGrid ? "True" : "False");
     WriteIni(kGridSection, "Snap", snapping.ToGrid ? "True" : "False");
+    WriteIni(kGridSection, "Objects", snapping.Objects ? "True" : "False");
 }
 
 void PageForm::ChooseGridSpacing() {
-    bool ok = false;
-    int spacing = QInputDialog::getInt(this, "Grid Spacing", "Grid spacing in page-size pixels:",
-                                       preview_->Snapping().GridSpacing, kMinGridSpacing,
-                                       kMaxGridSpacing, 1, &ok);
-    if (!ok) return;
-    preview_->Snapping().GridSpacing = spacing;
+    std::optional<int> spacing =
+        dialogs_.ChooseNumber(this, "Grid Spacing", "Grid spacing in page-size pixels:",
+                              preview_->Snapping().GridSpacing, kMinGridSpacing, kMaxGridSpacing);
+    if (!spacing) return;
+    preview_->Snapping().GridSpacing = *spacing;
     SaveGridSettings();
     preview_->update();
 }
 
 void PageForm::UpdateArrangeState() {
     size_t count = state_.SelectedObjects().size();
+    findChild<QAction*>("mnuPopupCopy")->setText(count > 1 ? "&Copy Objects" : "&Copy Object");
+    findChild<QAction*>("mnuPopupDelete")
+        ->setText(count > 1 ? "&Delete Objects" : "&Delete Object");
     bool several = state_.Page && state_.Page->NumFormats() >= 2;
     for (const char* name : {"mnuAlignLeft", "mnuAlignRight", "mnuAlignTop", "mnuAlignBottom",
                              "mnuAlignCentres", "mnuAlignMiddles", "mnuEditCut", "mnuEditCopy"}) {
@@ -271,7 +280,10 @@ void PageForm::CopyLayoutFromSize() {
     if (!choice || *choice < 0 || size_t(*choice) >= indices.size()) return;
     int16_t from = indices[size_t(*choice)];
     std::shared_ptr<PageClass> after = state_.Page->Copy();
-    CopyLayout(*after, state_.CurrentFormatIndex, from);
+    if (!CopyLayout(*after, state_.CurrentFormatIndex, from)) {
+        ShowNote("This page size has that layout already");
+        return;
+    }
     if (!ConfirmLayout("Copy Layout From", *after, {state_.CurrentFormatIndex})) return;
     history_.Structural([&] {
         state_.SelectOnly(0);

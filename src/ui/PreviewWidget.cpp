@@ -173,7 +173,20 @@ bool PreviewWidget::event(QEvent* event) {
     return QWidget::event(event);
 }
 
+bool PreviewWidget::FollowAlt(QKeyEvent* event, bool held) {
+    if (event->key() != Qt::Key_Alt || !mouseIsDown_ || !targets_) return false;
+    Qt::KeyboardModifiers keys = event->modifiers() & ~Qt::AltModifier;
+    FollowDrag(float(dragAt_.x()), float(dragAt_.y()), held ? keys | Qt::AltModifier : keys);
+    update();
+    return true;
+}
+
+void PreviewWidget::keyReleaseEvent(QKeyEvent* event) {
+    if (!FollowAlt(event, false)) QWidget::keyReleaseEvent(event);
+}
+
 void PreviewWidget::keyPressEvent(QKeyEvent* event) {
+    if (FollowAlt(event, true)) return;
     if (event->key() == Qt::Key_Escape && mouseIsDown_) {
         AbandonDrag();  // the drag or band is let go; nothing changes
         return;
@@ -287,6 +300,7 @@ RectClass PreviewWidget::Band(float x, float y) const {
 }
 
 void PreviewWidget::FollowDrag(float x, float y, Qt::KeyboardModifiers modifiers) {
+    dragAt_ = QPointF(x, y);
     if (!targets_) targets_.emplace(state_, dragMode_);
     SnapSettings settings = snapping_;
     if (modifiers & Qt::AltModifier) settings.Objects = settings.ToGrid = false;

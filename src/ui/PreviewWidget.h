@@ -75,6 +75,7 @@ class PreviewWidget : public QWidget {
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -89,6 +90,8 @@ class PreviewWidget : public QWidget {
     void PressLeft(float x, float y, Qt::KeyboardModifiers modifiers);
     // The drag's place at the pointer: snapped unless Alt is held.
     void FollowDrag(float x, float y, Qt::KeyboardModifiers modifiers);
+    // Alt pressed or let go during a drag: the outline snaps again, or lets go, at once.
+    bool FollowAlt(QKeyEvent* event, bool held);
     void FinishBand(float x, float y, Qt::KeyboardModifiers modifiers);
     RectClass Band(float x, float y) const;
     // What is painted over the drawn page: grid, other selected objects, band, drag outlines,
@@ -111,6 +114,7 @@ class PreviewWidget : public QWidget {
     int16_t dragMode_ = 0;
     float downX_ = 0;
     float downY_ = 0;
+    QPointF dragAt_;  // where the pointer was at the drag's last step
     bool mouseIsDown_ = false;
     std::optional<RectClass> outline_;  // where a resized object would land
     int16_t outlineShape_ = 0;

@@ -338,6 +338,8 @@ TEST_F(Many, TheClipboardFormCarriesObjectsExactlyAndRefusesAnythingElse) {
         "Other" + copied.Bytes.substr(5),
         copied.Bytes.substr(0, 16) + std::string("\0\0", 2),
         copied.Bytes.substr(0, 16) + std::string("\xff\xff", 2) + copied.Bytes.substr(18),
+        // The first object's Origin across (12 bytes into its record) a NaN.
+        copied.Bytes.substr(0, 30) + std::string("\0\0\xc0\x7f", 4) + copied.Bytes.substr(34),
     };
     for (const std::string& bytes : damaged) {
         try {
@@ -384,6 +386,7 @@ TEST_F(Many, OneLayoutGoesToEveryPageSize) {
     for (int16_t k = 1; k <= 5; ++k) {
         EXPECT_TRUE(page.GetFormat(3)->Object(k)->IsEqual(fx.Object(k))) << k;
     }
+    EXPECT_FALSE(CopyLayout(page, 3, 1));  // it has that layout already
     EXPECT_FALSE(CopyLayout(page, 2, 2));
     EXPECT_FALSE(CopyLayout(page, 4, 1));
 }

@@ -56,6 +56,10 @@ class ScriptedDialogs : public EditorDialogs {
         return Next(Choices);
     }
     PrinterAccess& Printer() override { return Printers; }
+    std::optional<int> ChooseNumber(QWidget*, const QString&, const QString&, int, int,
+                                    int) override {
+        return Next(Choices);
+    }
     // The layout preview: what it showed, answered with ApproveLayouts.
     bool ApproveLayouts = true;
     std::vector<LayoutView> LayoutShown;

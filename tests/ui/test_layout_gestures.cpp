@@ -62,6 +62,7 @@ TEST(LayoutGestures, ShiftCtrlBandAndSelectAllChooseSeveral) {
     EXPECT_EQ(fx.state.SelectedObjects(), (std::vector<int16_t>{1, 2, 4}));
     EXPECT_EQ(fx.state.SelectedObject, 2);  // the property list keeps the first
     EXPECT_TRUE(Readout(fx).startsWith("3 objects selected at "));
+    EXPECT_EQ(fx.Child("mnuPopupDelete")->text(), "&Delete Objects");
     // The others are framed in the lighter colour.
     EXPECT_GT(PixelsOf(fx, QColor(70, 130, 230)), 100);
     ShiftClick(fx, 4);  // out again
@@ -128,6 +129,11 @@ TEST(LayoutGestures, ADragSnapsWithAGuideAndAltLetsGo) {
     fx.MoveHeld((from + to) / 2, {});
     fx.MoveHeld(to, {});
     EXPECT_GT(PixelsOf(fx, QColor(220, 0, 150)), 50);  // the guide
+    // Alt pressed without moving lets go of the snap at once; let go, it snaps again.
+    QTest::keyPress(fx.Preview(), Qt::Key_Alt, Qt::AltModifier);
+    EXPECT_EQ(PixelsOf(fx, QColor(220, 0, 150)), 0);
+    QTest::keyRelease(fx.Preview(), Qt::Key_Alt, Qt::NoModifier);
+    EXPECT_GT(PixelsOf(fx, QColor(220, 0, 150)), 50);
     QTest::mouseRelease(fx.Preview(), Qt::LeftButton, {}, to);
     QApplication::processEvents();
     auto rightEdge = [&](int16_t k) { return fx.Object(k).Origin(1) + fx.Object(k).Length(1); };
@@ -136,6 +142,11 @@ TEST(LayoutGestures, ADragSnapsWithAGuideAndAltLetsGo) {
 
     fx.Trigger("mnuUndo");
     fx.Drag(from, to, Qt::AltModifier);
+    EXPECT_GT(std::fabs(rightEdge(4) - rightEdge(1)), 0.001f);
+    // View > Snap to Objects off: no snapping without Alt either.
+    fx.Trigger("mnuUndo");
+    fx.Trigger("mnuViewSnapObjects");
+    fx.Drag(from, to);
     EXPECT_GT(std::fabs(rightEdge(4) - rightEdge(1)), 0.001f);
 }
 
@@ -157,10 +168,14 @@ TEST(LayoutGestures, TheGridIsShownSnappedToAndRemembered) {
                        fx.Preview()->Snapping().GridSpacing;
         EXPECT_NEAR(lines, std::round(lines), 1e-3) << axis;
     }
+    fx.dialogs.Choices = {50};
+    fx.Trigger("mnuViewGridSpacing");
+    EXPECT_EQ(fx.Preview()->Snapping().GridSpacing, 50);
     // A new window starts with the grid as it was left.
     PageForm again(fx.state, fx.dialogs);
     EXPECT_TRUE(again.findChild<QAction*>("mnuViewGrid")->isChecked());
     EXPECT_TRUE(again.Preview()->Snapping().ToGrid);
+    EXPECT_EQ(again.Preview()->Snapping().GridSpacing, 50);
 }
 
 TEST(LayoutGestures, ArrangeCommandsAreOneStepAndOfferedWhenTheyApply) {
