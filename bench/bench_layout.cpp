@@ -40,8 +40,7 @@ struct LayoutWorld {
         QApplication::processEvents();
     }
     void Mouse(QEvent::Type type, QPointF at, Qt::MouseButtons held = Qt::LeftButton) {
-        QMouseEvent event(type, at, preview->mapToGlobal(at), Qt::LeftButton, held,
-                          Qt::NoModifier);
+        QMouseEvent event(type, at, preview->mapToGlobal(at), Qt::LeftButton, held, Qt::NoModifier);
         QApplication::sendEvent(preview.get(), &event);
     }
     // Somewhere inside object k, as drawn.

@@ -84,8 +84,8 @@ int main(int argc, char** argv) {
          1e3, 0, 16},
         {"2,000 objects: snapped drag step, all", "LayoutDragStepAll", "PreviewRepaint", 1, "ms",
          1e3, 0, 16},
-        {"2,000 objects: first drag step", "LayoutDragFirstStep", "PreviewRepaint", 1, "ms", 1e3,
-         0, 16},
+        {"2,000 objects: first drag step", "LayoutDragFirstStep", "PreviewRepaint", 1, "ms", 1e3, 0,
+         16},
     };
     // Wall-clock times include the disk's share of the file work, processor times leave out
     // whatever else the machine was doing; on a shared machine the load average says which to

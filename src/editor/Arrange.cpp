@@ -56,8 +56,8 @@ bool AlignSelection(EditorState& state, EditStep& step, Alignment how) {
     for (int16_t k : selected) {
         if (k == state.SelectedObject) continue;
         float length = state.CurrentFormat->Object(k)->Length(axis);
-        changed = SetOrigin(state, step, k, axis, AlignedOrigin(how, start, span, length)) ||
-                  changed;
+        changed =
+            SetOrigin(state, step, k, axis, AlignedOrigin(how, start, span, length)) || changed;
     }
     return changed;
 }
@@ -104,8 +104,9 @@ bool MatchPrimarySize(EditorState& state, EditStep& step, SizeMatch what) {
             float length = primary.Length(axis);
             changed = step.Set(kPropLength, length, state.CurrentFormatIndex, k, axis) || changed;
             // A wider object near the far edge moves in so that it stays on the page.
-            changed = SetOrigin(state, step, k, axis, state.CurrentFormat->Object(k)->Origin(axis)) ||
-                      changed;
+            changed =
+                SetOrigin(state, step, k, axis, state.CurrentFormat->Object(k)->Origin(axis)) ||
+                changed;
         }
     }
     return changed;

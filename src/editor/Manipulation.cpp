@@ -228,8 +228,10 @@ bool SetOrigins(EditorState& state, EditStep& step, const std::vector<MovedObjec
     bool changed = false;
     // + 0.0f: no -0 in the file.
     for (const MovedObject& m : moved) {
-        changed = step.Set(kPropOrigin, m.X + 0.0f, state.CurrentFormatIndex, m.Object, 1) || changed;
-        changed = step.Set(kPropOrigin, m.Y + 0.0f, state.CurrentFormatIndex, m.Object, 2) || changed;
+        changed =
+            step.Set(kPropOrigin, m.X + 0.0f, state.CurrentFormatIndex, m.Object, 1) || changed;
+        changed =
+            step.Set(kPropOrigin, m.Y + 0.0f, state.CurrentFormatIndex, m.Object, 2) || changed;
     }
     return changed;
 }
@@ -254,9 +256,9 @@ std::vector<MovedObject> MovedSelection(const EditorState& state, float dx, floa
         if (snap && snap->Axis[axis - 1].Snapped) {
             shift[axis - 1] = snap->Axis[axis - 1].Fraction;
         } else if (by[axis - 1] != 0) {
-            float landed =
-                axis == 1 ? margin.PropX(static_cast<float>(CheckedAdd(rect.Left(), by[0])))
-                          : margin.PropY(static_cast<float>(CheckedAdd(rect.Top(), by[1])));
+            float landed = axis == 1
+                               ? margin.PropX(static_cast<float>(CheckedAdd(rect.Left(), by[0])))
+                               : margin.PropY(static_cast<float>(CheckedAdd(rect.Top(), by[1])));
             shift[axis - 1] = double(landed) - state.Selected()->Origin(axis);
         }
     }

@@ -25,8 +25,8 @@ struct CopiedObjects {
 CopiedObjects CopySelectedObjects(const EditorState& state);
 
 // Puts copies of the objects in front on the current format, where they were as fractions
-// of the page (kept on it) and with all their settings, and selects them. A class the catalogue lacks
-// refuses the whole paste with a message naming it. False when nothing was pasted.
+// of the page (kept on it) and with all their settings, and selects them. A class the catalogue
+// lacks refuses the whole paste with a message naming it. False when nothing was pasted.
 bool PasteObjects(EditorState& state, const std::vector<std::shared_ptr<PageObject>>& objects);
 
 }  // namespace paginox

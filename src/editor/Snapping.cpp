@@ -192,9 +192,10 @@ DragSnap SnapDrag(const EditorState& state, const SnapTargets& targets,
     const int32_t by[2] = {dx, dy};
     for (int16_t axis = 1; axis <= 2; ++axis) {
         if (Size(state.Rects.Margin, axis) <= 0) continue;
-        AxisResult result = dragMode == kDragMove
-                                ? SnapMove(state, targets, settings, axis, by[axis - 1])
-                                : SnapResize(state, targets, settings, axis, dragMode, by[axis - 1]);
+        AxisResult result =
+            dragMode == kDragMove
+                ? SnapMove(state, targets, settings, axis, by[axis - 1])
+                : SnapResize(state, targets, settings, axis, dragMode, by[axis - 1]);
         (axis == 1 ? snap.Dx : snap.Dy) = result.Offset;
         snap.Axis[axis - 1] = result.Snap;
     }

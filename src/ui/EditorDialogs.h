@@ -2,7 +2,8 @@
 #pragma once
 
 // The standard dialogs the editor asks the user through: files, list choices, the printer
-// and the preview of a change to several page sizes. The window holds one of these, so tests answer the dialogs without showing any.
+// and the preview of a change to several page sizes. The window holds one of these, so tests answer
+// the dialogs without showing any.
 
 #include <QImage>
 #include <QStringList>
@@ -46,8 +47,7 @@ class EditorDialogs {
     virtual PrinterAccess& Printer() = 0;
     // A whole number from min to max, starting at value; nothing when cancelled.
     virtual std::optional<int> ChooseNumber(QWidget* parent, const QString& title,
-                                            const QString& label, int value, int min,
-                                            int max) = 0;
+                                            const QString& label, int value, int min, int max) = 0;
     // Shows what a layout command would change; true to apply it.
     virtual bool ApproveLayout(QWidget* parent, const QString& title, const QString& text,
                                const std::vector<LayoutView>& views) = 0;

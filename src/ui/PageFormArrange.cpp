@@ -151,9 +151,9 @@ void PageForm::SaveGridSettings() {
 }
 
 void PageForm::ChooseGridSpacing() {
-    std::optional<int> spacing =
-        dialogs_.ChooseNumber(this, "Grid Spacing", "Grid spacing in page-size pixels:",
-                              preview_->Snapping().GridSpacing, kMinGridSpacing, kMaxGridSpacing);
+    std::optional<int> spacing = dialogs_.ChooseNumber(
+        this, "Grid Spacing", "Grid spacing in page-size pixels:", preview_->Snapping().GridSpacing,
+        kMinGridSpacing, kMaxGridSpacing);
     if (!spacing) return;
     preview_->Snapping().GridSpacing = *spacing;
     SaveGridSettings();

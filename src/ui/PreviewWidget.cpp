@@ -304,8 +304,8 @@ void PreviewWidget::FollowDrag(float x, float y, Qt::KeyboardModifiers modifiers
     if (!targets_) targets_.emplace(state_, dragMode_);
     SnapSettings settings = snapping_;
     if (modifiers & Qt::AltModifier) settings.Objects = settings.ToGrid = false;
-    snap_ = SnapDrag(state_, *targets_, settings, dragMode_, ToInt32(x - downX_),
-                     ToInt32(y - downY_));
+    snap_ =
+        SnapDrag(state_, *targets_, settings, dragMode_, ToInt32(x - downX_), ToInt32(y - downY_));
     if (dragMode_ == kDragMove) {
         std::vector<MovedObject> moved =
             MovedSelection(state_, float(snap_.Dx), float(snap_.Dy), &snap_);

@@ -120,7 +120,7 @@ class PreviewWidget : public QWidget {
     int16_t outlineShape_ = 0;
     // Where moved objects would land, with their shapes.
     std::vector<std::pair<RectClass, int16_t>> moveOutlines_;
-    std::optional<RectClass> band_;        // the band being drawn, in widget pixels
+    std::optional<RectClass> band_;  // the band being drawn, in widget pixels
     bool banding_ = false;
     // A plain click on an object of several selected chooses it alone, once the button is up.
     int16_t choiceOnRelease_ = 0;

@@ -53,8 +53,8 @@ struct Many : ::testing::Test {
         const RectClass& m = state.Rects.Margin;
         state.Rects.Objects.clear();
         for (int16_t k = 1; k <= state.CurrentFormat->NumObjects(); ++k) {
-            state.Rects.Objects.push_back(fx.Object(k).GetRect(m.Left(), m.Top(), m.Width(),
-                                                               m.Height()));
+            state.Rects.Objects.push_back(
+                fx.Object(k).GetRect(m.Left(), m.Top(), m.Width(), m.Height()));
         }
     }
     std::vector<int16_t> Chosen() { return state.SelectedObjects(); }
@@ -295,11 +295,9 @@ TEST_F(Many, ObjectsMovedTogetherStopTogether) {
               state.Rects.Object(1).Left());
 
     // Right edges lined up stay lined up when moved by pixels, whatever pixel each lies on.
-    Place(1, 0.1013f, 0.1f, 0.2f, 0.2f);  // its left edge at 140.52 px
+    Place(1, 0.1013f, 0.1f, 0.2f, 0.2f);     // its left edge at 140.52 px
     Place(3, 0.1508f, 0.6f, 0.1505f, 0.3f);  // at 160.32 px
-    auto apart = [&] {
-        return (X(1) + fx.Object(1).Length(1)) - (X(3) + fx.Object(3).Length(1));
-    };
+    auto apart = [&] { return (X(1) + fx.Object(1).Length(1)) - (X(3) + fx.Object(3).Length(1)); };
     const float before = apart();
     {
         EditStep step(history);
@@ -355,8 +353,8 @@ TEST_F(Many, TheClipboardFormCarriesObjectsExactlyAndRefusesAnythingElse) {
     state.SetCurrentFormat(2);
     int16_t before = state.CurrentFormat->NumObjects();
     ASSERT_TRUE(history.Structural([&] { return PasteObjects(state, read); }));
-    EXPECT_EQ(state.SelectedObjects(), (std::vector<int16_t>{int16_t(before + 1),
-                                                             int16_t(before + 2)}));
+    EXPECT_EQ(state.SelectedObjects(),
+              (std::vector<int16_t>{int16_t(before + 1), int16_t(before + 2)}));
     EXPECT_EQ(state.CurrentFormat->Object(before + 2)->Origin(1), 0.1f + 1e-7f);
     ASSERT_TRUE(history.Undo());
     EXPECT_EQ(state.CurrentFormat->NumObjects(), before);

@@ -3,12 +3,13 @@
 // moving them together, snapping with its guide, the grid, the Arrange menu, the clipboard and
 // one layout on every page size.
 
+#include <gtest/gtest.h>
+
 #include <QClipboard>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
-#include <gtest/gtest.h>
 
 #include "PageFormFixture.h"
 #include "editor/ObjectClipboard.h"
@@ -184,7 +185,7 @@ TEST(LayoutGestures, ArrangeCommandsAreOneStepAndOfferedWhenTheyApply) {
     fx.form->ShowPopup = [&](QMenu& menu, const QPoint&) {
         for (QAction* a : menu.actions()) shown.push_back(a->objectName());
     };
-    ChooseTwo(fx, 2, 4);  // the point list's left edge is not the chart data's
+    ChooseTwo(fx, 2, 4);           // the point list's left edge is not the chart data's
     fx.Click(4, Qt::RightButton);  // the menu of a chosen object keeps the choice, led by it
     EXPECT_EQ(fx.state.SelectedObjects().size(), 2u);
     EXPECT_EQ(fx.state.SelectedObject, 4);
