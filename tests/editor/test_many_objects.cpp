@@ -58,6 +58,12 @@ struct Many : ::testing::Test {
         }
     }
     std::vector<int16_t> Chosen() { return state.SelectedObjects(); }
+    // Runs edit(state, step, args...) as one step of the history; what the edit said.
+    template <class Edit, class... Args>
+    bool InStep(Edit edit, Args... args) {
+        EditStep step(history);
+        return edit(state, step, args...);
+    }
     float X(int16_t k) { return fx.Object(k).Origin(1); }
     float Y(int16_t k) { return fx.Object(k).Origin(2); }
 };
@@ -111,10 +117,7 @@ TEST_F(Many, AligningDistributingAndMatchingSizesAreOneStepEach) {
     for (const auto& c : aligned) {
         state.SelectOnly(1);
         ToggleSelected(state, 4);
-        {
-            EditStep step(history);
-            EXPECT_TRUE(AlignSelection(state, step, c.how));
-        }
+        EXPECT_TRUE(InStep(AlignSelection, c.how));
         EXPECT_NEAR(fx.Object(4).Origin(c.axis), c.expected4, 1e-6) << int(c.how);
         EXPECT_FLOAT_EQ(fx.Object(1).Origin(c.axis), 0.10f);  // the primary stays
         ASSERT_TRUE(history.Undo());
@@ -124,33 +127,21 @@ TEST_F(Many, AligningDistributingAndMatchingSizesAreOneStepEach) {
     // Lined up with a wide object near the far edge, a narrow one stays on the page.
     state.SelectOnly(3);
     ToggleSelected(state, 4);
-    {
-        EditStep step(history);
-        AlignSelection(state, step, Alignment::Left);
-    }
+    InStep(AlignSelection, Alignment::Left);
     EXPECT_FLOAT_EQ(X(4), 0.70f);
     Place(3, 0.80f, 0.6f, 0.2f, 0.3f);
-    {
-        EditStep step(history);
-        AlignSelection(state, step, Alignment::Centre);
-    }
+    InStep(AlignSelection, Alignment::Centre);
     EXPECT_FLOAT_EQ(X(4), 0.70f);  // 0.75 would put its right edge at 1.05
 
     // Alone, an object lines up with the printable area.
     state.SelectOnly(2);
-    {
-        EditStep step(history);
-        AlignSelection(state, step, Alignment::Bottom);
-    }
+    InStep(AlignSelection, Alignment::Bottom);
     EXPECT_FLOAT_EQ(Y(2), 0.90f);
 
     // Spread across: 1 (0.1+0.2), 2 (0.4+0.1), 5 (0.5+0.15), 3 (0.8+0.2): the first and last stay.
     state.SelectOnly(1);
     for (int16_t k : {2, 5, 3}) ToggleSelected(state, k);
-    {
-        EditStep step(history);
-        EXPECT_TRUE(DistributeSelection(state, step, 1));
-    }
+    EXPECT_TRUE(InStep(DistributeSelection, 1));
     const double gap = (1.0 - 0.1 - (0.2 + 0.1 + 0.15 + 0.2)) / 3;
     EXPECT_FLOAT_EQ(X(1), 0.10f);
     EXPECT_FLOAT_EQ(X(2), float(0.1 + 0.2 + gap));
@@ -158,23 +149,14 @@ TEST_F(Many, AligningDistributingAndMatchingSizesAreOneStepEach) {
     EXPECT_FLOAT_EQ(X(3), 0.80f);
     state.SelectOnly(1);
     ToggleSelected(state, 2);
-    {
-        EditStep step(history);
-        EXPECT_FALSE(DistributeSelection(state, step, 2));  // two objects have one gap
-    }
+    EXPECT_FALSE(InStep(DistributeSelection, 2));  // two objects have one gap
 
     // Same sizes as the primary (object 1: 0.2 by 0.2), each kept on the page.
     ToggleSelected(state, 3);
-    {
-        EditStep step(history);
-        EXPECT_TRUE(MatchPrimarySize(state, step, SizeMatch::Width));
-    }
+    EXPECT_TRUE(InStep(MatchPrimarySize, SizeMatch::Width));
     EXPECT_FLOAT_EQ(fx.Object(2).Length(1), 0.2f);
     EXPECT_FLOAT_EQ(fx.Object(2).Length(2), 0.1f);
-    {
-        EditStep step(history);
-        EXPECT_TRUE(MatchPrimarySize(state, step, SizeMatch::Both));
-    }
+    EXPECT_TRUE(InStep(MatchPrimarySize, SizeMatch::Both));
     EXPECT_FLOAT_EQ(fx.Object(3).Length(2), 0.2f);
     EXPECT_FLOAT_EQ(fx.Object(2).Length(2), 0.2f);
     // Every arrangement was one step: undoing them all brings the first places back.
@@ -196,20 +178,14 @@ TEST_F(Many, SnappedEdgesLandExactlyOnTheirLines) {
     ASSERT_TRUE(snap.Axis[0].Guide);
     EXPECT_NEAR(*snap.Axis[0].Guide, 140.0, 1e-3);
     EXPECT_EQ(snap.Dy, 0);  // its middle meets the triangle's where it is
-    {
-        EditStep step(history);
-        EXPECT_TRUE(CommitDrag(state, step, kDragMove, float(snap.Dx), float(snap.Dy), &snap));
-    }
+    EXPECT_TRUE(InStep(CommitDrag, kDragMove, float(snap.Dx), float(snap.Dy), &snap));
     EXPECT_EQ(X(4), X(1));  // exactly, not merely on the same pixel
     // A pixel off the line, a drag towards it comes to rest a pixel away and still lines up.
     Place(4, X(1) + 1.0f / 400, Y(4), 0.27f, fx.Object(4).Length(2));  // its right edge near none
     snap = SnapDrag(state, SnapTargets(state), settings, kDragMove, -3, 0);
     ASSERT_TRUE(snap.Axis[0].Snapped);
     EXPECT_LE(std::abs(snap.Dx), 1);
-    {
-        EditStep step(history);
-        EXPECT_TRUE(CommitDrag(state, step, kDragMove, float(snap.Dx), float(snap.Dy), &snap));
-    }
+    EXPECT_TRUE(InStep(CommitDrag, kDragMove, float(snap.Dx), float(snap.Dy), &snap));
     EXPECT_EQ(X(4), X(1));
     Place(4, X(1), Y(4), 0.3f, fx.Object(4).Length(2));  // as it was
 
@@ -274,15 +250,9 @@ TEST_F(Many, ObjectsMovedTogetherStopTogether) {
     ASSERT_EQ(moved.size(), 2u);
     EXPECT_FLOAT_EQ(moved[1].X + fx.Object(3).Length(1), 1.0f);
     EXPECT_NEAR(moved[1].X - moved[0].X, 0.6f, 1e-6);  // still 0.6 apart
-    {
-        EditStep step(history);
-        EXPECT_TRUE(CommitDrag(state, step, kDragMove, 40, 0));
-    }
+    EXPECT_TRUE(InStep(CommitDrag, kDragMove, 40, 0, nullptr));
     EXPECT_NEAR(X(3) - X(1), 0.6f, 1e-6);
-    {
-        EditStep step(history);
-        EXPECT_TRUE(NudgeSelected(state, step, 0, -1000));
-    }
+    EXPECT_TRUE(InStep(NudgeSelected, 0, -1000));
     EXPECT_FLOAT_EQ(Y(1), 0.0f);
     EXPECT_NEAR(Y(3) - Y(1), 0.5f, 1e-6);
     // Two steps, each taking both objects back.
@@ -299,18 +269,12 @@ TEST_F(Many, ObjectsMovedTogetherStopTogether) {
     Place(3, 0.1508f, 0.6f, 0.1505f, 0.3f);  // at 160.32 px
     auto apart = [&] { return (X(1) + fx.Object(1).Length(1)) - (X(3) + fx.Object(3).Length(1)); };
     const float before = apart();
-    {
-        EditStep step(history);
-        EXPECT_TRUE(CommitDrag(state, step, kDragMove, 13, 7));
-    }
+    EXPECT_TRUE(InStep(CommitDrag, kDragMove, 13, 7, nullptr));
     EXPECT_NEAR(apart(), before, 1e-6);
     // A move straight down leaves the places across exactly as they were.
     const float x1 = X(1);
     Draw();
-    {
-        EditStep step(history);
-        EXPECT_TRUE(CommitDrag(state, step, kDragMove, 0, 9));
-    }
+    EXPECT_TRUE(InStep(CommitDrag, kDragMove, 0, 9, nullptr));
     EXPECT_EQ(X(1), x1);
 }
 

@@ -37,19 +37,12 @@ void ChooseTwo(PageFormFixture& fx, int16_t a, int16_t b) {
     ASSERT_EQ(fx.state.SelectedObjects().size(), 2u);
 }
 
-// How many pixels of the preview, as shown now, are near the colour.
+// How many pixels of the preview, as shown now, have the colour.
 int PixelsOf(PageFormFixture& fx, QColor colour) {
     QImage shown = fx.Preview()->grab().toImage();
     int count = 0;
     for (int y = 0; y < shown.height(); ++y) {
-        for (int x = 0; x < shown.width(); ++x) {
-            QColor c = shown.pixelColor(x, y);
-            if (std::abs(c.red() - colour.red()) + std::abs(c.green() - colour.green()) +
-                    std::abs(c.blue() - colour.blue()) <
-                30) {
-                ++count;
-            }
-        }
+        for (int x = 0; x < shown.width(); ++x) count += shown.pixelColor(x, y) == colour;
     }
     return count;
 }
